@@ -1,0 +1,38 @@
+#pragma once
+
+#include <Gallery/Pages/Page.h>
+#include <ZRPlatform/UIKit/Application/UIDevice.h>
+
+#include <optional>
+#include <string>
+
+namespace zr::gallery {
+
+/// What the program was asked to do.
+struct CommandLine {
+    DeviceProfile profile;
+    /// Null: the list.
+    const Page* page = nullptr;
+    bool list = false;
+    /// Of the window: desktop pixels a point, and a line for each frame on standard error.
+    std::optional<double> windowScale;
+    bool frameLog = false;
+    /// Folder and files; empty when not asked for. At most one of the three is given.
+    std::string renderFolder;
+    std::string scriptPath;
+    std::string snapshotPath;
+};
+
+/// The parsed arguments, or the program's exit code: 0 once the help was printed, 2 for arguments that make no sense,
+/// which one line on standard error then explains.
+struct ParsedCommandLine {
+    CommandLine options;
+    std::optional<int> exitCode;
+};
+
+ParsedCommandLine parseCommandLine(int argc, char** argv);
+
+/// Prints one line on standard error and returns the exit code that goes with it.
+int fail(const std::string& message);
+
+} // namespace zr::gallery

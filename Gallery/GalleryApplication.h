@@ -1,0 +1,21 @@
+#pragma once
+
+#include <Gallery/GalleryView.h>
+#include <ZRPlatform/UIKit/Application/UIApplication.h>
+
+namespace zr::gallery {
+
+/// The gallery as an application: one window as large as the screen.
+class GalleryApplication : public UIApplicationDelegate {
+public:
+    /// `page`: opened at once, with its component shown; null starts with the list.
+    bool initWithPage(const Page* page);
+
+    bool applicationDidFinishLaunching(UIApplication* application) override;
+
+private:
+    const Page* m_page = nullptr;
+    Ref<UIWindow> m_window;
+};
+
+} // namespace zr::gallery

@@ -1,0 +1,49 @@
+#include <Gallery/List/PageRow.h>
+
+#include <Gallery/Look/Look.h>
+#include <ZRPlatform/UIKit/Views/UIImageView.h>
+
+namespace zr::gallery {
+
+namespace {
+
+constexpr CGFloat kTextLeft = 57;
+constexpr CGFloat kTextRight = 34;
+
+/// Centred on the height of the row.
+Ref<UIImageView> imageAt(CGFloat x, const char* name) {
+    auto view = make<UIImageView>(&UIImageView::initWithImage, UIImage::imageNamed(name));
+    const CGSize size = view->frame().size;
+    view->setFrame(CGRectMake(x, Look::wholePixels((PageRow::kHeight - size.height) / 2), size.width, size.height));
+    return view;
+}
+
+} // namespace
+
+bool PageRow::initWithFrame_page_isLast(CGRect frame, const Page& page, bool isLast) {
+    if (!initWithFrame(frame))
+        return false;
+    setBackgroundColor(UIColor::whiteColor());
+    const CGFloat width = frame.size.width;
+    addSubview(imageAt(Look::kMargin, page.icon));
+    addSubview(imageAt(width - Look::kMargin - 8, "gallery_disclosure.png"));
+
+    const CGFloat textWidth = width - kTextLeft - kTextRight;
+    const auto title = Look::label(page.title, UIFont::systemFontOfSize(17), Look::titleColor());
+    title->setFrame(CGRectMake(kTextLeft, 8, textWidth, 22));
+    addSubview(title);
+    const auto detail = Look::label(page.detail, UIFont::systemFontOfSize(13), Look::detailColor());
+    detail->setFrame(CGRectMake(kTextLeft, 30, textWidth, 18));
+    addSubview(detail);
+
+    const CGFloat left = isLast ? 0 : kTextLeft;
+    addSubview(Look::line(CGRectMake(left, kHeight - Look::hairline(), width - left, Look::hairline())));
+    return true;
+}
+
+void PageRow::setHighlighted(bool highlighted) {
+    TapControl::setHighlighted(highlighted);
+    setBackgroundColor(highlighted ? Look::highlightColor() : UIColor::whiteColor());
+}
+
+} // namespace zr::gallery

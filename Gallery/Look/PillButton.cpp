@@ -1,0 +1,25 @@
+#include <Gallery/Look/PillButton.h>
+
+#include <Gallery/Look/Look.h>
+
+namespace zr::gallery {
+
+bool PillButton::initWithFrame_title(CGRect frame, const NSString& title) {
+    if (!initWithFrame(frame))
+        return false;
+    layer()->setCornerRadius(6);
+    setOpaque(false);
+    setBackgroundColor(Look::green());
+    m_title = Look::label(title, UIFont::boldSystemFontOfSize(17), UIColor::whiteColor(), 1, NSTextAlignmentCenter);
+    addSubview(m_title);
+    return true;
+}
+
+void PillButton::setHighlighted(bool highlighted) {
+    TapControl::setHighlighted(highlighted);
+    setBackgroundColor(highlighted ? Look::pressedGreen() : Look::green());
+}
+
+void PillButton::layoutSubviews() { m_title->setFrame(bounds()); }
+
+} // namespace zr::gallery

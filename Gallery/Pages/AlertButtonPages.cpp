@@ -1,0 +1,115 @@
+#include <Gallery/Pages/AlertDemo.h>
+
+#include <Gallery/Look/Look.h>
+#include <ZRPlatform/Foundation/NSTimer.h>
+#include <ZRPlatform/UIKit/Images/UIImage.h>
+
+namespace zr::gallery {
+
+namespace {
+
+constexpr const char* kFamily = "BUTTONS AND PLACES";
+
+/// An alert that goes when it is touched anywhere.
+class TouchableAlert : public ZRTAlertView {
+public:
+    void touchesEnded_withEvent(const TouchSet&, UIEvent*) override { dismissAlertView(); }
+};
+
+/// Without a button, the alert goes by itself after four seconds, or sooner when touched.
+class NoButtonDemo : public AlertDemo {
+public:
+    ~NoButtonDemo() override { stop(); }
+
+protected:
+    Ref<ZRTAlertView> makeAlert() override {
+        Ref<ZRTAlertView> alert =
+            make<TouchableAlert>(&ZRTAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
+                                 spec().title, spec().message, this, spec().cancel, spec().ok);
+        alert->alertViewStyle_detailMessage(spec().style, spec().detailMessage);
+        alert->setRotationImage(UIImage::imageNamed("gallery_spinner.png"));
+        // The default size keeps room for buttons.
+        alert->setAlertViewSize(CGSizeMake(220, 142));
+        return alert;
+    }
+    void alertIsShown(ZRTAlertView* alert) override {
+        alert->startRotation();
+        stop();
+        m_timer = NSTimer::scheduledTimerWithTimeInterval_repeats_block(
+            4, false, [this](NSTimer*) { this->alert()->dismissAlertView(); });
+    }
+    void alertWillGo(ZRTAlertView*) override { stop(); }
+
+private:
+    void stop() {
+        if (m_timer)
+            m_timer->invalidate();
+        m_timer = nullptr;
+    }
+
+    Ref<NSTimer> m_timer;
+};
+
+/// Shows the alert inside a view on the page instead of above everything.
+class HostViewDemo : public AlertDemo {
+public:
+    void setHostView(UIView* view) { m_hostView = view; }
+    void putAway() {
+        if (alert() && alert()->superview())
+            alert()->dismissAlertViewWithoutAnimation();
+    }
+
+protected:
+    void presentAlert(ZRTAlertView* alert) override { alert->showInView_animation(m_hostView, true); }
+
+private:
+    Ref<UIView> m_hostView;
+};
+
+Ref<UIView> makeHostView(CGFloat width) {
+    auto host = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, width, 250));
+    host->setBackgroundColor(UIColor::whiteColor());
+    host->setClipsToBounds(true);
+    host->layer()->setCornerRadius(6);
+    host->layer()->setBorderWidth(Look::hairline());
+    host->layer()->setBorderColor(Look::separatorColor()->cgColor());
+    const auto label =
+        Look::label("Host view", UIFont::systemFontOfSize(13), Look::titleColor(), 1, NSTextAlignmentCenter);
+    label->setFrame(CGRectMake(0, 12, width, 18));
+    host->addSubview(label);
+    return host;
+}
+
+void buildHostViewPage(PageView& page) {
+    const AlertSpec spec{"Reload map?", "Only this view waits for the answer.", "Later", "Reload"};
+    const auto demo = make<HostViewDemo>(&AlertDemo::initWithPage_spec, &page, spec);
+    const auto host = makeHostView(page.contentWidth());
+    demo->setHostView(host);
+    page.addView(host);
+    addAlertDemo(page, demo);
+    page.setCloseAction([demo = demo.get()] { demo->putAway(); });
+}
+
+} // namespace
+
+std::vector<Page> alertButtonPages() {
+    return {
+        {"alert-one-button", "One button", kFamily, "As wide as the panel", "icon_alert_one_button.png",
+         "With one title the single button is as wide as the panel. Its index is 0, so it counts as cancelling, "
+         "whichever of the two titles it was given.",
+         showsAlert({"Backup finished", "214 photos were copied.", nullptr, "OK"})},
+        {"alert-two-buttons", "Two buttons", kFamily, "Index 0 and index 1", "icon_alert_two_buttons.png",
+         "Two titles share the width. The cancel button has the index 0, the other one 1.",
+         showsAlert({"Leave without saving?", "Your last changes will be lost.", "Stay", "Leave"})},
+        {"alert-no-button", "No button", kFamily, "Dismissed by code", "icon_alert_no_button.png",
+         "Without titles there are no buttons, and the application decides when the alert goes: here after four "
+         "seconds, or as soon as the screen is touched.",
+         showsAlert<NoButtonDemo>(
+             {"One moment", nullptr, nullptr, nullptr, ZRTAlertViewStyleRotation, "Looking for printers"})},
+        {"alert-host-view", "In a view", kFamily, "Dims one view instead of the screen", "icon_alert_host_view.png",
+         "Shown in a view that the caller names, the alert dims that view and leaves the rest of the screen in use.",
+         buildHostViewPage},
+    };
+}
+
+} // namespace zr::gallery

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace zr::gallery {
+
+class PageView;
+
+/// One page of the gallery: what the list says of it, and how its contents are made.
+struct Page {
+    /// In kebab case: what the command line and the rendered files call it.
+    const char* name;
+    const char* title;
+    /// The section of the list; pages of one family follow one another.
+    const char* family;
+    /// One line for the list.
+    const char* detail;
+    /// A resource of 30 x 30 points.
+    const char* icon;
+    /// What there is to see, above the live component.
+    const char* description;
+    /// Adds the component and what belongs to it.
+    std::function<void(PageView&)> build;
+};
+
+/// In the order of the list.
+const std::vector<Page>& allPages();
+/// Null when there is none of that name.
+const Page* pageNamed(std::string_view name);
+
+/// The pages of one source file each.
+std::vector<Page> alertStylePages();
+std::vector<Page> alertButtonPages();
+std::vector<Page> alertTextPages();
+std::vector<Page> themePages();
+
+} // namespace zr::gallery

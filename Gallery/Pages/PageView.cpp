@@ -1,0 +1,103 @@
+#include <Gallery/Pages/PageView.h>
+
+#include <Gallery/Look/Look.h>
+#include <Gallery/Look/PillButton.h>
+
+#include <algorithm>
+
+namespace zr::gallery {
+
+namespace {
+
+constexpr CGFloat kButtonHeight = 44;
+constexpr CGFloat kLogHeight = 112;
+constexpr std::size_t kLogLineCount = 4;
+
+} // namespace
+
+bool PageView::initWithFrame_page(CGRect frame, const Page& page) {
+    if (!initWithFrame(frame))
+        return false;
+    setBackgroundColor(Look::pageColor());
+    const CGFloat width = frame.size.width;
+    const CGRect below = CGRectMake(0, Look::kBarHeight, width, frame.size.height - Look::kBarHeight);
+    m_scrollBox = make<ScrollBox>(&ScrollBox::initWithFrame, below);
+    addSubview(m_scrollBox);
+    m_bar =
+        make<NavigationBar>(&NavigationBar::initWithFrame_title, CGRectMake(0, 0, width, Look::kBarHeight), page.title);
+    addSubview(m_bar);
+
+    m_nextY = 20;
+    addText(page.description);
+    page.build(*this);
+    return true;
+}
+
+void PageView::setBackAction(std::function<void()> action) { m_bar->setBackTitle_action("Gallery", std::move(action)); }
+
+void PageView::showComponent() {
+    if (m_showAction)
+        m_showAction();
+}
+
+void PageView::close() {
+    if (m_closeAction)
+        m_closeAction();
+}
+
+CGFloat PageView::contentWidth() const { return bounds().size.width - 2 * Look::kMargin; }
+
+void PageView::addText(const NSString& text) {
+    const auto label = Look::label(text, UIFont::systemFontOfSize(15), Look::detailColor(), 0);
+    place(label, Look::heightOfLabel(label, contentWidth()), 20);
+}
+
+void PageView::addHeading(const NSString& text) {
+    const auto label = Look::label(text, UIFont::systemFontOfSize(13), Look::detailColor());
+    place(label, Look::heightOfLabel(label, contentWidth()), 7);
+}
+
+void PageView::addButton(const NSString& title, std::function<void()> action) {
+    const auto button = make<PillButton>(&PillButton::initWithFrame_title, CGRectZero, title);
+    button->setAction(std::move(action));
+    place(button, kButtonHeight, 20);
+}
+
+void PageView::addView(UIView* view) { place(view, view->frame().size.height, 20); }
+
+void PageView::addLog(const NSString& heading) {
+    addHeading(heading);
+    const auto card = make<UIView>();
+    card->setBackgroundColor(UIColor::whiteColor());
+    card->layer()->setCornerRadius(6);
+    card->layer()->setBorderWidth(Look::hairline());
+    card->layer()->setBorderColor(Look::separatorColor()->cgColor());
+    card->setOpaque(false);
+    m_logLabel = Look::label("", UIFont::systemFontOfSize(13), Look::detailColor(), 0);
+    m_logLabel->setText("Nothing yet.");
+    m_logLabel->setFrame(CGRectMake(12, 10, contentWidth() - 24, Look::heightOfLabel(m_logLabel, contentWidth())));
+    card->addSubview(m_logLabel);
+    place(card, kLogHeight, 20);
+}
+
+void PageView::log(const NSString& line) {
+    if (m_logLines.size() == kLogLineCount)
+        m_logLines.erase(m_logLines.begin());
+    m_logLines.push_back(line);
+    NSString text = "";
+    for (const NSString& logged : m_logLines)
+        text = text.stringByAppendingString(text.length() ? "\n" : "").stringByAppendingString(logged);
+    m_logLabel->setTextColor(Look::titleColor());
+    m_logLabel->setText(text);
+    const CGFloat width = contentWidth() - 24;
+    m_logLabel->setFrame(CGRectMake(12, 10, width, std::min(Look::heightOfLabel(m_logLabel, width), kLogHeight - 20)));
+}
+
+void PageView::place(UIView* view, CGFloat height, CGFloat spaceAfter) {
+    view->setFrame(CGRectMake(Look::kMargin, m_nextY, contentWidth(), height));
+    m_scrollBox->content()->addSubview(view);
+    m_nextY += height + spaceAfter;
+    m_scrollBox->setContentHeight(m_nextY);
+}
+
+} // namespace zr::gallery

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <Gallery/Look/NavigationBar.h>
+#include <Gallery/Look/ScrollBox.h>
+#include <Gallery/Pages/Page.h>
+#include <ZRPlatform/UIKit/Views/UILabel.h>
+
+namespace zr::gallery {
+
+/// The screen of one page: a bar with the title and the way back, below it the description and whatever the page's
+/// `build` adds, one below the other, and a log of what the component reported.
+class PageView : public UIView {
+public:
+    bool initWithFrame_page(CGRect frame, const Page& page);
+
+    /// Runs when the button in the bar is tapped.
+    void setBackAction(std::function<void()> action);
+    /// Shows the component in action without a touch; nothing on a page that shows it anyway.
+    void showComponent();
+    /// To be called before the page goes: puts away what is still shown on it.
+    void close();
+
+    /// @name For `build`
+    /// @{
+    /// Points between the left and the right margin.
+    CGFloat contentWidth() const;
+    void addText(const NSString& text);
+    void addHeading(const NSString& text);
+    void addButton(const NSString& title, std::function<void()> action);
+    /// Takes the view's height, and gives it the content's width.
+    void addView(UIView* view);
+    /// The card that `log` writes into.
+    void addLog(const NSString& heading);
+    /// A line below the others; the oldest goes when there is no room.
+    void log(const NSString& line);
+    void setShowAction(std::function<void()> action) { m_showAction = std::move(action); }
+    void setCloseAction(std::function<void()> action) { m_closeAction = std::move(action); }
+    /// Kept as long as the page.
+    void keep(const Ref<NSObject>& object) { m_kept.push_back(object); }
+    /// @}
+
+private:
+    void place(UIView* view, CGFloat height, CGFloat spaceAfter);
+
+    Ref<NavigationBar> m_bar;
+    Ref<ScrollBox> m_scrollBox;
+    Ref<UILabel> m_logLabel;
+    std::vector<NSString> m_logLines;
+    std::vector<Ref<NSObject>> m_kept;
+    std::function<void()> m_showAction;
+    std::function<void()> m_closeAction;
+    CGFloat m_nextY = 0;
+};
+
+} // namespace zr::gallery

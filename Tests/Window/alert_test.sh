@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# alert_test.sh PROGRAM CLOSER: AlertWindow in a real window, with a mouse and a keyboard.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
+closer=$2
+start_desktop 1280x1500
+scale=2
+start_program "$1"
+expect 'ready [0-9]+ [0-9]+'
+read -r _ x y <<<"$line"
+
+# The screen behind is dimmed: white under black of 0.45.
+expect_pixel 10 10 8c8c8c
+type_text "Summer 26"
+expect "text Summer 26"
+click "$x" "$y"
+expect "clicked 1"
+expect gone
+expect_pixel 10 10 ffffff
+close_window
+expect_end 0

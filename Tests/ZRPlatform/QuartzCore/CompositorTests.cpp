@@ -1,0 +1,521 @@
+#include <ZRPlatform/CoreGraphics/CGBitmapContext.h>
+#include <ZRPlatform/Foundation/Clock.h>
+#include <ZRPlatform/Foundation/NSRunLoop.h>
+#include <ZRPlatform/QuartzCore/Composition/Compositor.h>
+#include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+using namespace zr;
+
+namespace {
+
+Ref<CGColor> color(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha = 1) {
+    const CGFloat components[] = {red, green, blue, alpha};
+    return CGColorCreate(CGColorSpaceCreateDeviceRGB(), components);
+}
+
+Ref<CALayer> box(CGRect frame, CGColor* background) {
+    auto layer = make<CALayer>();
+    layer->setFrame(frame);
+    layer->setBackgroundColor(background);
+    return layer;
+}
+
+/// A picture whose left half is red and whose right half is blue.
+Ref<CGImage> redAndBlue(int width, int height) {
+    std::shared_ptr<std::uint8_t[]> pixels(new std::uint8_t[std::size_t(width) * height * 4]);
+    auto* words = reinterpret_cast<std::uint32_t*>(pixels.get());
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            words[y * width + x] = x < width / 2 ? 0xFFFF0000 : 0xFF0000FF;
+    }
+    return Ref<CGImage>::adopt(new CGImage(width, height, width * 4, pixels, true));
+}
+
+class CompositorTest : public testing::Test {
+protected:
+    void SetUp() override { Clock::setCurrent(&m_clock); }
+    void TearDown() override {
+        NSRunLoop::mainRunLoop()->removeAll();
+        Clock::setCurrent(nullptr);
+    }
+
+    const std::vector<PixelRect>& compose() {
+        CATransaction::commit({root.get()});
+        return compositor.compose({root.get()});
+    }
+    std::uint32_t pixel(int x, int y) const { return compositor.pixels()[y * compositor.width() + x]; }
+    /// Red, green and blue of a pixel.
+    static int channel(std::uint32_t value, int shift) { return int(value >> shift & 255); }
+
+    ManualClock m_clock;
+    Compositor compositor{200, 100, 2};
+    Ref<CALayer> root = box(CGRectMake(0, 0, 100, 50), color(1, 1, 1));
+};
+
+constexpr int kRed = 16, kGreen = 8, kBlue = 0;
+
+} // namespace
+
+TEST_F(CompositorTest, BackgroundFillsTheFrameAtTheScreensScale) {
+    root->addSublayer(box(CGRectMake(10, 5, 20, 10), color(0, 195 / 255.0, 64 / 255.0)));
+    compose();
+    EXPECT_EQ(pixel(20, 10), 0xFF00C340u);
+    EXPECT_EQ(pixel(59, 29), 0xFF00C340u);
+    EXPECT_EQ(pixel(19, 10), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(60, 29), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(59, 30), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, NothingIsBlack) {
+    root->setBackgroundColor(nullptr);
+    compose();
+    EXPECT_EQ(pixel(3, 3), 0xFF000000u);
+}
+
+TEST_F(CompositorTest, ColoursBeyondTheirRangeAreCut) {
+    root->setBackgroundColor(color(300 / 255.0, -1, 0.5));
+    compose();
+    EXPECT_EQ(pixel(3, 3), 0xFFFF0080u);
+}
+
+TEST_F(CompositorTest, TranslucentLayersMix) {
+    root->addSublayer(box(CGRectMake(0, 0, 100, 50), color(0, 0, 0, 0.45)));
+    compose();
+    EXPECT_NEAR(channel(pixel(50, 50), kRed), std::lround(255 * 0.55), 1);
+}
+
+TEST_F(CompositorTest, OpacityFadesALayerAndItsSublayersAsOnePicture) {
+    auto parent = box(CGRectMake(0, 0, 40, 40), color(1, 0, 0));
+    parent->addSublayer(box(CGRectMake(0, 0, 20, 40), color(0, 0, 1)));
+    parent->setOpacity(0.5);
+    root->addSublayer(parent);
+    compose();
+    // Where blue covers red, no red shines through.
+    EXPECT_NEAR(channel(pixel(10, 10), kRed), 128, 1);
+    EXPECT_NEAR(channel(pixel(10, 10), kBlue), 255, 1);
+    EXPECT_NEAR(channel(pixel(60, 10), kRed), 255, 1);
+    EXPECT_NEAR(channel(pixel(60, 10), kBlue), 128, 1);
+}
+
+TEST_F(CompositorTest, GroupsWithinGroupsMultiply) {
+    auto outer = box(CGRectMake(0, 0, 40, 40), nullptr);
+    auto inner = box(CGRectMake(0, 0, 40, 40), nullptr);
+    inner->addSublayer(box(CGRectMake(0, 0, 40, 40), color(0, 0, 0)));
+    inner->setOpacity(0.5);
+    outer->addSublayer(inner);
+    outer->setOpacity(0.5);
+    root->addSublayer(outer);
+    compose();
+    EXPECT_NEAR(channel(pixel(10, 10), kGreen), 191, 1);
+}
+
+TEST_F(CompositorTest, HiddenAndTransparentLayersLeaveOutWhatIsBelowThemInTheTree) {
+    auto parent = box(CGRectMake(0, 0, 40, 40), color(1, 0, 0));
+    parent->addSublayer(box(CGRectMake(0, 0, 20, 40), color(0, 0, 1)));
+    root->addSublayer(parent);
+    parent->setHidden(true);
+    compose();
+    EXPECT_EQ(pixel(10, 10), 0xFFFFFFFFu);
+    parent->setHidden(false);
+    parent->setOpacity(0);
+    compose();
+    EXPECT_EQ(pixel(10, 10), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, RoundedCornersCoverTheAreaOfTheirArcs) {
+    auto layer = box(CGRectMake(10, 5, 40, 40), color(0, 0, 0));
+    layer->setCornerRadius(12);
+    root->addSublayer(layer);
+    compose();
+    double covered = 0;
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 200; ++x)
+            covered += 1 - channel(pixel(x, y), kRed) / 255.0;
+    }
+    const double radius = 24;
+    const double expected = 80 * 80 - (4 - std::numbers::pi) * radius * radius;
+    EXPECT_NEAR(covered, expected, expected * 0.001);
+    EXPECT_EQ(pixel(20, 10), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(60, 10), 0xFF000000u);
+    EXPECT_EQ(pixel(20, 50), 0xFF000000u);
+}
+
+TEST_F(CompositorTest, CornerRadiusAboveHalfTheSideMakesAPill) {
+    auto layer = box(CGRectMake(10, 10, 40, 20), color(0, 0, 0));
+    layer->setCornerRadius(1000);
+    root->addSublayer(layer);
+    compose();
+    double covered = 0;
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 200; ++x)
+            covered += 1 - channel(pixel(x, y), kRed) / 255.0;
+    }
+    EXPECT_NEAR(covered, 40 * 40 + std::numbers::pi * 400, 8);
+}
+
+TEST_F(CompositorTest, MaskingCutsSublayersToTheRoundedBounds) {
+    auto parent = box(CGRectMake(10, 5, 40, 40), color(0, 1, 0));
+    parent->setCornerRadius(12);
+    parent->setMasksToBounds(true);
+    parent->addSublayer(box(CGRectMake(-20, -20, 100, 100), color(0, 0, 0)));
+    root->addSublayer(parent);
+    compose();
+    EXPECT_EQ(pixel(60, 50), 0xFF000000u);
+    EXPECT_EQ(pixel(20, 10), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(110, 50), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(60, 4), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, MaskingWithoutARadiusCutsStraight) {
+    auto parent = box(CGRectMake(10, 5, 40, 40), nullptr);
+    parent->setMasksToBounds(true);
+    parent->addSublayer(box(CGRectMake(-20, -20, 100, 100), color(0, 0, 0)));
+    root->addSublayer(parent);
+    compose();
+    EXPECT_EQ(pixel(20, 10), 0xFF000000u);
+    EXPECT_EQ(pixel(19, 10), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(99, 89), 0xFF000000u);
+    EXPECT_EQ(pixel(100, 89), 0xFFFFFFFFu);
+    parent->setMasksToBounds(false);
+    compose();
+    EXPECT_EQ(pixel(19, 10), 0xFF000000u);
+}
+
+TEST_F(CompositorTest, BorderLiesInsideTheBoundsOverTheSublayers) {
+    auto layer = box(CGRectMake(10, 5, 40, 40), color(0, 1, 0));
+    layer->setBorderWidth(0.5);
+    layer->setBorderColor(color(1, 0, 0));
+    layer->addSublayer(box(CGRectMake(0, 0, 40, 40), color(0, 0, 1)));
+    root->addSublayer(layer);
+    compose();
+    EXPECT_EQ(pixel(20, 10), 0xFFFF0000u);
+    EXPECT_EQ(pixel(99, 50), 0xFFFF0000u);
+    EXPECT_EQ(pixel(21, 11), 0xFF0000FFu);
+    EXPECT_EQ(pixel(19, 10), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, HairlinesAreAWholePixelOnAThreefoldScreen) {
+    Compositor threefold(300, 150, 3);
+    auto layer = box(CGRectMake(10, 5, 40, 40), nullptr);
+    layer->setBorderWidth(0.4);
+    layer->setBorderColor(color(0, 0, 0));
+    root->addSublayer(layer);
+    threefold.compose({root.get()});
+    const auto at = [&](int x, int y) { return threefold.pixels()[y * 300 + x]; };
+    EXPECT_EQ(at(60, 15), 0xFF000000u);
+    EXPECT_EQ(at(60, 16), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, WhatStandsStillBetweenPixelsIsMovedToTheNearest) {
+    root->addSublayer(box(CGRectMake(10.3, 5.2, 20, 10), color(0, 0, 0)));
+    compose();
+    EXPECT_EQ(pixel(21, 10), 0xFF000000u);
+    EXPECT_EQ(pixel(20, 10), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(60, 29), 0xFF000000u);
+    EXPECT_EQ(pixel(61, 29), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, WhatMovesCoversPixelsInPart) {
+    auto layer = box(CGRectMake(10, 5, 20, 10), color(0, 0, 0));
+    root->addSublayer(layer);
+    auto move = CABasicAnimation::animationWithKeyPath("position.x");
+    move->setByValue(1.0);
+    move->setDuration(1);
+    layer->addAnimation_forKey(move, "move");
+    CATransaction::commit({root.get()});
+    m_clock.advanceTo(nanosecondsFromSeconds(0.125));
+    compositor.compose({root.get()});
+    EXPECT_NEAR(channel(pixel(20, 15), kRed), 64, 1);
+    EXPECT_EQ(pixel(21, 15), 0xFF000000u);
+    EXPECT_NEAR(channel(pixel(60, 15), kRed), 191, 1);
+    EXPECT_TRUE(compositor.isAnimating());
+}
+
+TEST_F(CompositorTest, ContentsOfTheScreensScaleAreCopiedPixelByPixel) {
+    auto layer = box(CGRectMake(10, 5, 10, 5), nullptr);
+    layer->setContents(redAndBlue(20, 10));
+    layer->setContentsScale(2);
+    root->addSublayer(layer);
+    compose();
+    EXPECT_EQ(pixel(29, 10), 0xFFFF0000u);
+    EXPECT_EQ(pixel(30, 10), 0xFF0000FFu);
+    EXPECT_EQ(pixel(39, 19), 0xFF0000FFu);
+    EXPECT_EQ(pixel(40, 19), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, ContentsStretchToTheBoundsWithHardOuterEdges) {
+    auto layer = box(CGRectMake(10, 5, 40, 20), nullptr);
+    layer->setContents(redAndBlue(4, 2));
+    root->addSublayer(layer);
+    compose();
+    EXPECT_EQ(pixel(20, 10), 0xFFFF0000u);
+    EXPECT_EQ(pixel(99, 49), 0xFF0000FFu);
+    EXPECT_EQ(pixel(19, 10), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(100, 49), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, GravityPlacesContentsThatDoNotResize) {
+    auto layer = box(CGRectMake(10, 5, 40, 40), nullptr);
+    layer->setContents(redAndBlue(20, 20));
+    layer->setContentsScale(2);
+    root->addSublayer(layer);
+    struct Case {
+        const char* gravity;
+        int x, y;
+    };
+    // The image is 10 points wide, 30 less than the bounds.
+    for (const Case& c : {Case{kCAGravityCenter, 50, 40},
+                          {kCAGravityTopLeft, 20, 10},
+                          {kCAGravityBottomRight, 80, 70},
+                          {kCAGravityTop, 50, 10},
+                          {kCAGravityLeft, 20, 40}}) {
+        layer->setContentsGravity(c.gravity);
+        compose();
+        EXPECT_EQ(pixel(c.x, c.y), 0xFFFF0000u) << c.gravity;
+        EXPECT_EQ(pixel(c.x + 19, c.y + 19), 0xFF0000FFu) << c.gravity;
+        EXPECT_EQ(pixel(c.x - 1, c.y), 0xFFFFFFFFu) << c.gravity;
+        EXPECT_EQ(pixel(c.x + 20, c.y), 0xFFFFFFFFu) << c.gravity;
+    }
+}
+
+TEST_F(CompositorTest, AspectGravitiesKeepTheProportions) {
+    auto layer = box(CGRectMake(0, 0, 40, 20), nullptr);
+    layer->setContents(redAndBlue(10, 10));
+    layer->setContentsGravity(kCAGravityResizeAspect);
+    root->addSublayer(layer);
+    compose();
+    EXPECT_EQ(pixel(19, 20), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(20, 20), 0xFFFF0000u);
+    EXPECT_EQ(pixel(59, 20), 0xFF0000FFu);
+    EXPECT_EQ(pixel(60, 20), 0xFFFFFFFFu);
+    layer->setContentsGravity(kCAGravityResizeAspectFill);
+    compose();
+    EXPECT_EQ(pixel(0, 20), 0xFFFF0000u);
+    EXPECT_EQ(pixel(79, 20), 0xFF0000FFu);
+}
+
+TEST_F(CompositorTest, ContentsCenterKeepsTheRimsSize) {
+    auto layer = box(CGRectMake(0, 0, 50, 10), nullptr);
+    // Four pixels wide: one red and one blue of them keep their size, at one pixel a point.
+    layer->setContents(redAndBlue(4, 4));
+    layer->setContentsCenter(CGRectMake(0.5, 0, 0.25, 1));
+    root->addSublayer(layer);
+    compose();
+    EXPECT_EQ(pixel(2, 10), 0xFFFF0000u);
+    EXPECT_EQ(pixel(5, 10), 0xFF0000FFu);
+    EXPECT_EQ(pixel(90, 10), 0xFF0000FFu);
+}
+
+TEST_F(CompositorTest, PatternsTileFromTheLayersOrigin) {
+    auto pattern = Ref<CGColor>::adopt(new CGColor(redAndBlue(10, 4).get()));
+    root->addSublayer(box(CGRectMake(3, 0, 40, 20), pattern));
+    compose();
+    EXPECT_EQ(pixel(6, 0), 0xFFFF0000u);
+    EXPECT_EQ(pixel(15, 0), 0xFFFF0000u);
+    EXPECT_EQ(pixel(16, 0), 0xFF0000FFu);
+    EXPECT_EQ(pixel(25, 0), 0xFF0000FFu);
+    EXPECT_EQ(pixel(26, 39), 0xFFFF0000u);
+    EXPECT_EQ(pixel(5, 0), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, RotatedLayersCoverTheirArea) {
+    auto layer = box(CGRectMake(30, 5, 40, 40), color(0, 0, 0));
+    layer->setTransform(CATransform3DMakeRotation(std::numbers::pi / 4, 0, 0, 1));
+    layer->setBounds(CGRectMake(0, 0, 20, 20));
+    root->addSublayer(layer);
+    compose();
+    double covered = 0;
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 200; ++x)
+            covered += 1 - channel(pixel(x, y), kRed) / 255.0;
+    }
+    EXPECT_NEAR(covered, 1600, 2);
+    EXPECT_EQ(pixel(100, 50), 0xFF000000u);
+    EXPECT_EQ(pixel(100 - 24, 50 - 24), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(100, 50 - 24), 0xFF000000u);
+}
+
+TEST_F(CompositorTest, PerspectiveNarrowsTheFarSide) {
+    auto layer = box(CGRectMake(25, 0, 50, 50), color(0, 0, 0));
+    CATransform3D t;
+    t.m34 = -1.0 / 100;
+    // The upper edge leans away from the eye.
+    layer->setTransform(CATransform3DRotate(t, std::numbers::pi / 6, 1, 0, 0));
+    root->addSublayer(layer);
+    compose();
+    const auto widthAt = [&](double y) {
+        // Solve for the point of the layer that is seen at height y below the centre, in points.
+        const double s = std::sin(std::numbers::pi / 6), c = std::cos(std::numbers::pi / 6);
+        const double v = y / (c + y * s / 100);
+        return 50 / (1 - v * s / 100) * 2;
+    };
+    for (int row : {20, 50, 80}) {
+        int width = 0;
+        for (int x = 0; x < 200; ++x)
+            width += channel(pixel(x, row), kRed) < 128;
+        EXPECT_NEAR(width, widthAt((row + 0.5 - 50) / 2), 1.5) << row;
+    }
+}
+
+TEST_F(CompositorTest, ContentsFollowAPerspectiveTransform) {
+    auto layer = box(CGRectMake(25, 0, 50, 50), nullptr);
+    layer->setContents(redAndBlue(100, 100));
+    CATransform3D t;
+    t.m34 = -1.0 / 100;
+    layer->setTransform(CATransform3DRotate(t, std::numbers::pi / 4, 0, 1, 0));
+    root->addSublayer(layer);
+    compose();
+    // The middle stays in the middle; red lies on the left.
+    EXPECT_EQ(channel(pixel(97, 50), kRed), 255);
+    EXPECT_EQ(channel(pixel(97, 50), kBlue), 0);
+    EXPECT_EQ(channel(pixel(103, 50), kBlue), 255);
+    EXPECT_EQ(channel(pixel(103, 50), kRed), 0);
+}
+
+TEST_F(CompositorTest, HigherZPositionsAreInFront) {
+    auto front = box(CGRectMake(0, 0, 20, 20), color(1, 0, 0));
+    root->addSublayer(front);
+    root->addSublayer(box(CGRectMake(0, 0, 20, 20), color(0, 0, 1)));
+    compose();
+    EXPECT_EQ(pixel(5, 5), 0xFF0000FFu);
+    front->setZPosition(1);
+    compose();
+    EXPECT_EQ(pixel(5, 5), 0xFFFF0000u);
+}
+
+TEST_F(CompositorTest, HugeAndUndefinedFramesDrawNothing) {
+    root->addSublayer(box(CGRectMake(NAN, 0, 20, 20), color(1, 0, 0)));
+    root->addSublayer(box(CGRectMake(0, 0, INFINITY, 20), color(1, 0, 0)));
+    auto turned = box(CGRectMake(0, 0, 20, 20), color(1, 0, 0));
+    CATransform3D undefined;
+    undefined.m11 = NAN;
+    turned->setTransform(undefined);
+    root->addSublayer(turned);
+    auto vast = box(CGRectMake(-1e300, -1e300, 2e300, 2e300), color(0, 0, 1));
+    vast->setCornerRadius(NAN);
+    vast->setBorderWidth(INFINITY);
+    root->addSublayer(vast);
+    compose();
+    EXPECT_EQ(pixel(5, 5), 0xFF0000FFu);
+}
+
+// Damage
+
+TEST_F(CompositorTest, TheFirstPictureIsPaintedWhole) {
+    EXPECT_EQ(compose(), (std::vector<PixelRect>{{0, 0, 200, 100}}));
+}
+
+TEST_F(CompositorTest, NothingChangedIsNothingPainted) {
+    compose();
+    EXPECT_TRUE(compose().empty());
+    EXPECT_EQ(compositor.paintedPixels(), 0);
+}
+
+TEST_F(CompositorTest, AMovedLayerDamagesWhereItWasAndWhereItIs) {
+    auto layer = box(CGRectMake(0, 0, 10, 10), color(0, 0, 0));
+    root->addSublayer(layer);
+    compose();
+    layer->setPosition({55, 25});
+    EXPECT_EQ(compose(), (std::vector<PixelRect>{{0, 0, 20, 20}, {100, 40, 20, 20}}));
+    EXPECT_EQ(pixel(5, 5), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(105, 45), 0xFF000000u);
+}
+
+TEST_F(CompositorTest, AddedAndRemovedLayersDamageTheirOwnPixels) {
+    compose();
+    auto layer = box(CGRectMake(10, 10, 10, 10), color(0, 0, 0));
+    root->addSublayer(layer);
+    EXPECT_EQ(compose(), (std::vector<PixelRect>{{20, 20, 20, 20}}));
+    layer->removeFromSuperlayer();
+    EXPECT_EQ(compose(), (std::vector<PixelRect>{{20, 20, 20, 20}}));
+    EXPECT_EQ(pixel(25, 25), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, AFadedParentDamagesItsWholeTreeOnly) {
+    auto parent = box(CGRectMake(10, 10, 10, 10), nullptr);
+    parent->addSublayer(box(CGRectMake(5, 5, 20, 20), color(0, 0, 0)));
+    root->addSublayer(parent);
+    compose();
+    parent->setOpacity(0.5);
+    EXPECT_EQ(compose(), (std::vector<PixelRect>{{30, 30, 40, 40}}));
+}
+
+TEST_F(CompositorTest, ReorderedSiblingsAreRepainted) {
+    auto first = box(CGRectMake(0, 0, 20, 20), color(1, 0, 0));
+    auto second = box(CGRectMake(10, 10, 20, 20), color(0, 0, 1));
+    root->addSublayer(first);
+    root->addSublayer(second);
+    compose();
+    EXPECT_EQ(pixel(30, 30), 0xFF0000FFu);
+    root->addSublayer(first);
+    compose();
+    EXPECT_EQ(pixel(30, 30), 0xFFFF0000u);
+}
+
+TEST_F(CompositorTest, WhatAnOpaqueLayerHidesDamagesAndStaysHidden) {
+    auto below = box(CGRectMake(0, 0, 20, 20), color(1, 0, 0));
+    root->addSublayer(below);
+    root->addSublayer(box(CGRectMake(0, 0, 30, 30), color(0, 0, 1)));
+    compose();
+    below->setBackgroundColor(color(0, 1, 0));
+    compose();
+    EXPECT_EQ(pixel(5, 5), 0xFF0000FFu);
+}
+
+TEST_F(CompositorTest, ADamagedPictureEqualsOnePaintedWhole) {
+    // Many layers in many states, changed at random: repainting in part gives what repainting everything gives.
+    std::uint32_t seed = 12345;
+    const auto random = [&](int n) {
+        seed = seed * 1664525 + 1013904223;
+        return int((seed >> 8) % n);
+    };
+    std::vector<Ref<CALayer>> layers{root};
+    for (int i = 0; i < 30; ++i) {
+        auto layer = box(CGRectMake(random(80), random(40), random(40), random(30)),
+                         color(random(2), random(2), random(2), random(3) ? 1 : 0.5));
+        layers[random(int(layers.size()))]->addSublayer(layer);
+        layers.push_back(layer);
+    }
+    for (int step = 0; step < 300; ++step) {
+        CALayer* layer = layers[1 + random(int(layers.size()) - 1)];
+        switch (random(9)) {
+        case 0:
+            layer->setPosition({CGFloat(random(100)), CGFloat(random(50)) + 0.25});
+            break;
+        case 1:
+            layer->setOpacity(random(3) / 2.0f);
+            break;
+        case 2:
+            layer->setCornerRadius(random(10));
+            break;
+        case 3:
+            layer->setMasksToBounds(random(2));
+            break;
+        case 4:
+            layer->setTransform(CATransform3DMakeRotation(random(4) * 0.4, 0, 0, 1));
+            break;
+        case 5:
+            layer->setHidden(random(2));
+            break;
+        case 6:
+            layer->setBorderWidth(random(3));
+            break;
+        case 7:
+            layers[random(int(layers.size()))]->addSublayer(layer);
+            break;
+        case 8:
+            layer->setContents(random(2) ? redAndBlue(8, 8) : nullptr);
+            break;
+        }
+        compose();
+        Compositor whole(200, 100, 2);
+        whole.compose({root.get()});
+        for (int i = 0; i < 200 * 100; ++i)
+            ASSERT_EQ(compositor.pixels()[i], whole.pixels()[i]) << "step " << step << ", pixel " << i;
+    }
+}

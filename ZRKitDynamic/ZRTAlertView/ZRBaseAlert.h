@@ -1,0 +1,126 @@
+#pragma once
+
+#include <ZRKitDynamic/ZRTAlertView/ZRTAlertViewButton.h>
+#include <ZRKitDynamic/ZRTAlertView/ZRTAlertViewDelegate.h>
+#include <ZRPlatform/UIKit/Views/UIWindow.h>
+
+namespace zr {
+
+/// What every overlay of the kit is built on: a dimmed screen, a rounded panel a little above the middle, and up to two
+/// buttons along the panel's bottom edge. It shows itself in a window of its own, above the application's, or in a view
+/// that the caller names.
+///
+/// Make it, set its properties, show it, and let a button or the caller dismiss it. While it is shown, its window or
+/// host view keeps it, and its dismissal keeps it until that is over; so the caller need not. An alert dismissed from
+/// its own window is not shown again: the window is gone.
+///
+/// Every call between the operations below goes through dynamic dispatch, so that a subclass can replace any one of
+/// them. Main thread only.
+class ZRBaseAlert : public UIView {
+public:
+    /// @name Construction
+    /// @{
+    /// The alert covers the main screen. A nil title makes no button. The cancel button has tag 0; the OK button 1
+    /// beside a cancel button, else 0. `delegate`: may be nil, not kept.
+    virtual bool initWithDelegate_cancelButtonTitle_okButtonTitles(Delegate<ZRTAlertViewDelegate> delegate,
+                                                                   const NSString& cancelTitle,
+                                                                   const NSString& okTitle);
+    /// @}
+
+    /// @name Properties
+    /// Objects are kept; what is replaced stays in the view tree where it was.
+    /// @{
+    Delegate<ZRTAlertViewDelegate> delegate() const { return m_delegate; }
+    virtual void setDelegate(Delegate<ZRTAlertViewDelegate> delegate) { m_delegate = delegate; }
+    /// Nil without a cancel title.
+    ZRTAlertViewButton* cancelButton() const { return m_cancelButton; }
+    virtual void setCancelButton(ZRTAlertViewButton* button) { m_cancelButton = button; }
+    /// Nil without an OK title.
+    ZRTAlertViewButton* okButton() const { return m_okButton; }
+    virtual void setOkButton(ZRTAlertViewButton* button) { m_okButton = button; }
+    /// The index that counts as cancelling; 0 at first, which is also the index of an only OK button.
+    NSInteger cancelButtonIndex() const { return m_cancelButtonIndex; }
+    virtual void setCancelButtonIndex(NSInteger index) { m_cancelButtonIndex = index; }
+    /// The visible panel; contents are added to it.
+    UIView* backgroundAlert() const { return m_backgroundAlert; }
+    virtual void setBackgroundAlert(UIView* view) { m_backgroundAlert = view; }
+    /// The layer that dims what is behind.
+    UIView* backgroundView() const { return m_backgroundView; }
+    virtual void setBackgroundView(UIView* view) { m_backgroundView = view; }
+    /// The titles that the buttons were made with, and that decide how they share the panel's width. Setting one
+    /// neither makes nor renames a button.
+    const NSString& cancelTitle() const { return m_cancelTitle; }
+    virtual void setCancelTitle(const NSString& title) { m_cancelTitle = title; }
+    const NSString& okTitle() const { return m_okTitle; }
+    virtual void setOkTitle(const NSString& title) { m_okTitle = title; }
+    /// The panel's size in points; zero, as at first, stands for the default size.
+    CGSize alertViewSize() const { return m_alertViewSize; }
+    virtual void setAlertViewSize(CGSize size) { m_alertViewSize = size; }
+    /// @}
+
+    /// @name Presentation
+    /// @{
+    /// Shows the alert in `view`, or in its own window when that is nil. Animated, the panel grows to its size within
+    /// 0.3 s; the dimming is there at once.
+    virtual void showInView_animation(UIView* view, bool animated);
+    /// In its own window.
+    virtual void showWithAnimation(bool animated);
+    /// With `cancelButtonIndex`, animated.
+    virtual void dismissAlertView();
+    /// With `cancelButtonIndex`, gone in the next turn of the run loop.
+    virtual void dismissAlertViewWithoutAnimation();
+    /// Tells the delegate, then hides the alert and takes it off the screen. Animated, the panel shrinks within 0.3 s,
+    /// and the alert's own window fades with it. Each call tells the delegate, one during a running dismissal too.
+    virtual void dismissWithButtonIndex_animated(NSInteger index, bool animated);
+    /// @}
+
+    /// @name Layout
+    /// `get…` and `calculate…` compute and change nothing. Points.
+    /// @{
+    /// Places the panel, the cancel button and the OK button, in this order.
+    virtual void layoutAletViewAndButtons();
+    /// The size of the host view, or of the main screen.
+    virtual CGSize getSuperViewSize();
+    /// The size of the panel: `alertViewSize`, or the default size.
+    virtual CGSize getAlertViewSize();
+    /// The panel in the alert's coordinates: centred, 20 points above the middle.
+    virtual CGRect calculateAlertViewFrame();
+    /// The buttons in the panel's coordinates. Their outer edges lie beyond the panel's, which cuts them off, so that
+    /// only the borders between them and above them show.
+    virtual CGRect calculateCancelButtonFrame();
+    virtual CGRect calculateOKButtonFrame();
+    /// @}
+
+    /// @name Events
+    /// @{
+    /// Dismisses with the button's tag (0 for nil), animated.
+    virtual void buttonClicked(UIControl* button);
+    /// @}
+
+protected:
+    /// 270 x 70; on a screen no more than 320 wide, 50 narrower than the screen.
+    static CGSize defaultAlertViewSize();
+
+private:
+    void makeWindow();
+    void makeBackground();
+    void makeButtons();
+    Ref<ZRTAlertViewButton> makeButton(CGRect frame, const NSString& title, NSInteger tag);
+    CGRect calculateButtonFrame(CGFloat x, CGFloat width);
+    void tellDelegateOfDismissal(NSInteger index);
+    void finishDismissal(UIView* hostView);
+
+    Ref<UIWindow> m_backgroundWindow;
+    Ref<UIView> m_superView;
+    Delegate<ZRTAlertViewDelegate> m_delegate;
+    Ref<ZRTAlertViewButton> m_cancelButton;
+    Ref<ZRTAlertViewButton> m_okButton;
+    NSInteger m_cancelButtonIndex = 0;
+    Ref<UIView> m_backgroundAlert;
+    Ref<UIView> m_backgroundView;
+    NSString m_cancelTitle;
+    NSString m_okTitle;
+    CGSize m_alertViewSize;
+};
+
+} // namespace zr

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <ZRPlatform/Foundation/NSString.h>
+#include <ZRPlatform/UIKit/Controls/UIControl.h>
+#include <ZRPlatform/UIKit/Views/UILabel.h>
+
+namespace zr {
+
+/// The flat button along the bottom of an alert: a centred title inside a hairline border. It shows its state by the
+/// colours of title and background.
+///
+/// Enabled and highlighted each colour the button without asking for the other, so the setter called last wins: a
+/// disabled button that stops being highlighted looks enabled.
+class ZRTAlertViewButton : public UIControl {
+public:
+    bool initWithFrame(CGRect frame) override;
+
+    const NSString& title() const { return m_title; }
+    /// Nil shows no title.
+    virtual void setTitle(const NSString& title);
+
+    /// The title always covers the whole button.
+    void setFrame(CGRect frame) override;
+
+    void setEnabled(bool enabled) override;
+    void setHighlighted(bool highlighted) override;
+
+private:
+    NSString m_title;
+    Ref<UILabel> m_titleLabel;
+};
+
+} // namespace zr

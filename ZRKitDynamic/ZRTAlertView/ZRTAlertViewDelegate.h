@@ -1,0 +1,21 @@
+#pragma once
+
+#include <ZRPlatform/Foundation/NSTypes.h>
+
+namespace zr {
+
+class ZRBaseAlert;
+
+/// Told when an alert is dismissed, by a button or by code, before the alert leaves the screen.
+class ZRTAlertViewDelegate {
+public:
+    virtual ~ZRTAlertViewDelegate() = default;
+
+    /// The index is the alert's `cancelButtonIndex`. `zrTAlertView_clickedButtonAtIndex` follows.
+    virtual void zrTAlertViewCancelButtonClicked(ZRBaseAlert* /*alert*/) {}
+    /// On every dismissal. `index`: 0 for the cancel button or an only button, 1 for the OK button beside a cancel one,
+    /// or whatever the dismissal was called with.
+    virtual void zrTAlertView_clickedButtonAtIndex(ZRBaseAlert* /*alert*/, NSInteger /*index*/) {}
+};
+
+} // namespace zr

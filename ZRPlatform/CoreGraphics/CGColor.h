@@ -1,0 +1,74 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGGeometry.h>
+#include <ZRPlatform/Foundation/NSObject.h>
+
+#include <vector>
+
+namespace zr {
+
+class CGImage;
+
+enum CGColorSpaceModel { kCGColorSpaceModelMonochrome = 0, kCGColorSpaceModelRGB = 1, kCGColorSpaceModelPattern = 6 };
+
+/// What a colour's components mean.
+class CGColorSpace : public NSObject {
+public:
+    explicit CGColorSpace(CGColorSpaceModel model) : m_model(model) {}
+    CGColorSpaceModel model() const { return m_model; }
+
+private:
+    CGColorSpaceModel m_model;
+};
+using CGColorSpaceRef = CGColorSpace*;
+
+Ref<CGColorSpace> CGColorSpaceCreateDeviceRGB();
+Ref<CGColorSpace> CGColorSpaceCreateDeviceGray();
+CGColorSpaceModel CGColorSpaceGetModel(CGColorSpaceRef space);
+/// Colour components without alpha: 3, 1, or 0 for a pattern or nil.
+NSUInteger CGColorSpaceGetNumberOfComponents(CGColorSpaceRef space);
+
+/// Red, green, blue and alpha, not premultiplied, meant 0..1 and not clamped.
+struct RGBAColor {
+    CGFloat red = 0, green = 0, blue = 0, alpha = 0;
+    friend bool operator==(const RGBAColor&, const RGBAColor&) = default;
+};
+
+/// An immutable colour: components and alpha in a colour space, or an image that is tiled from the origin.
+class CGColor : public NSObject {
+public:
+    CGColor(CGColorSpaceRef space, std::vector<CGFloat> components);
+    explicit CGColor(CGImage* pattern);
+    ~CGColor() override;
+
+    CGColorSpaceRef colorSpace() const { return m_space; }
+    /// The colour components, then alpha. Empty for a pattern.
+    const std::vector<CGFloat>& components() const { return m_components; }
+    CGFloat alpha() const { return m_components.empty() ? 1 : m_components.back(); }
+    /// Grey is spread over the three; a pattern gives transparent black.
+    RGBAColor rgba() const;
+    /// The tile (one pixel a unit); null for a plain colour and for a pattern of no image.
+    CGImage* pattern() const;
+    /// Equal colour spaces, components and pattern images.
+    bool isEqual(const NSObject* other) const override;
+
+private:
+    Ref<CGColorSpace> m_space;
+    std::vector<CGFloat> m_components;
+    Ref<CGImage> m_pattern;
+};
+using CGColorRef = CGColor*;
+
+/// `components`: the space's components, then alpha. Nil when the space is nil.
+Ref<CGColor> CGColorCreate(CGColorSpaceRef space, const CGFloat* components);
+/// Nil when `color` is nil or a pattern.
+Ref<CGColor> CGColorCreateCopyWithAlpha(CGColorRef color, CGFloat alpha);
+/// A get-style function: the colour goes on owning what is returned.
+CGColorSpaceRef CGColorGetColorSpace(CGColorRef color);
+const CGFloat* CGColorGetComponents(CGColorRef color);
+/// Components and alpha.
+NSUInteger CGColorGetNumberOfComponents(CGColorRef color);
+CGFloat CGColorGetAlpha(CGColorRef color);
+bool CGColorEqualToColor(CGColorRef a, CGColorRef b);
+
+} // namespace zr

@@ -1,0 +1,255 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGAffineTransform.h>
+#include <ZRPlatform/CoreGraphics/CGColor.h>
+#include <ZRPlatform/CoreGraphics/CGGradient.h>
+#include <ZRPlatform/CoreGraphics/CGImage.h>
+#include <ZRPlatform/CoreGraphics/CGPath.h>
+
+#include <vector>
+
+namespace zr {
+
+enum CGLineCap { kCGLineCapButt = 0, kCGLineCapRound = 1, kCGLineCapSquare = 2 };
+enum CGLineJoin { kCGLineJoinMiter = 0, kCGLineJoinRound = 1, kCGLineJoinBevel = 2 };
+enum CGPathDrawingMode {
+    kCGPathFill = 0,
+    kCGPathEOFill = 1,
+    kCGPathStroke = 2,
+    kCGPathFillStroke = 3,
+    kCGPathEOFillStroke = 4,
+};
+enum CGInterpolationQuality {
+    kCGInterpolationDefault = 0,
+    kCGInterpolationNone = 1,
+    kCGInterpolationLow = 2,
+    kCGInterpolationHigh = 3,
+    kCGInterpolationMedium = 4,
+};
+
+/// How what is drawn (S) meets what is there (D). All act inside the drawn shape only, except that a stroke with one of
+/// SourceIn, SourceOut, DestinationIn and DestinationAtop acts on everything inside the clip.
+enum CGBlendMode {
+    kCGBlendModeNormal = 0,
+    kCGBlendModeMultiply = 1,
+    kCGBlendModeScreen = 2,
+    kCGBlendModeOverlay = 3,
+    kCGBlendModeDarken = 4,
+    kCGBlendModeLighten = 5,
+    kCGBlendModeColorDodge = 6,
+    kCGBlendModeColorBurn = 7,
+    kCGBlendModeSoftLight = 8,
+    kCGBlendModeHardLight = 9,
+    kCGBlendModeDifference = 10,
+    kCGBlendModeExclusion = 11,
+    kCGBlendModeHue = 12,
+    kCGBlendModeSaturation = 13,
+    kCGBlendModeColor = 14,
+    kCGBlendModeLuminosity = 15,
+    kCGBlendModeClear = 16,
+    kCGBlendModeCopy = 17,
+    kCGBlendModeSourceIn = 18,
+    kCGBlendModeSourceOut = 19,
+    kCGBlendModeSourceAtop = 20,
+    kCGBlendModeDestinationOver = 21,
+    kCGBlendModeDestinationIn = 22,
+    kCGBlendModeDestinationOut = 23,
+    kCGBlendModeDestinationAtop = 24,
+    kCGBlendModeXOR = 25,
+    kCGBlendModePlusLighter = 27,
+};
+
+/// What `CGContextSaveGState` saves, the clip apart, which the drawing engine keeps.
+struct CGGraphicsState {
+    CGAffineTransform ctm;
+    Ref<CGColor> fillColor;
+    Ref<CGColor> strokeColor;
+    CGFloat alpha = 1;
+    CGBlendMode blendMode = kCGBlendModeNormal;
+    CGFloat lineWidth = 1;
+    CGLineCap lineCap = kCGLineCapButt;
+    CGLineJoin lineJoin = kCGLineJoinMiter;
+    CGFloat miterLimit = 10;
+    CGFloat dashPhase = 0;
+    std::vector<CGFloat> dashLengths;
+    bool shouldAntialias = true;
+    CGInterpolationQuality interpolationQuality = kCGInterpolationDefault;
+    /// Nil: no shadow.
+    Ref<CGColor> shadowColor;
+    CGSize shadowOffset;
+    CGFloat shadowBlur = 0;
+};
+
+/// A place to draw. The class keeps the graphics state and the path; an engine (bitmaps, later a browser's canvas)
+/// derives from it and supplies the few painting operations. Drawing code uses the functions below.
+///
+/// Device space is measured in pixels from the bottom left corner, y upwards.
+class CGContext : public NSObject {
+public:
+    CGContext();
+
+    CGGraphicsState& state() { return m_states.back().state; }
+    const CGGraphicsState& state() const { return m_states.back().state; }
+    /// The path being built, in device space.
+    CGMutablePath& path() { return *m_path; }
+    /// What shadow offsets and blurs are measured in: the identity, unless the maker of the context scaled or flipped
+    /// it.
+    CGAffineTransform baseTransform() const { return m_baseTransform; }
+    void setBaseTransform(CGAffineTransform transform) { m_baseTransform = transform; }
+    /// Whether anything can be drawn: the transform has an inverse.
+    bool canDraw() const;
+
+    void save();
+    /// Ignored when there is nothing to restore, also inside a transparency layer that was begun after the save.
+    void restore();
+    void beginLayer();
+    /// Also undoes the saves made inside. Ignored without a layer.
+    void endLayer();
+
+    /// @name The engine
+    /// Paths arrive finite and in device space; rectangles, points and radii finite and in user space. The transform
+    /// can be inverted. Everything else is read from `state`.
+    /// @{
+    virtual void fill(const CGPath& path, bool evenOdd) = 0;
+    virtual void stroke(const CGPath& path) = 0;
+    /// Makes the inside transparent (black where there is no alpha), whatever the colour, alpha and blend mode.
+    virtual void clear(const CGPath& path) = 0;
+    virtual void clip(const CGPath& path, bool evenOdd) = 0;
+    /// The box around the clip, in device space; empty when everything is clipped away.
+    virtual CGRect clipBounds() const = 0;
+    virtual void drawImage(CGRect rect, const CGImage& image) = 0;
+    virtual void drawLinearGradient(const CGGradient& gradient, CGPoint start, CGPoint end,
+                                    CGGradientOptions options) = 0;
+    virtual void drawRadialGradient(const CGGradient& gradient, CGPoint startCenter, CGFloat startRadius,
+                                    CGPoint endCenter, CGFloat endRadius, CGGradientOptions options) = 0;
+    /// @}
+
+protected:
+    virtual void saveClip() = 0;
+    virtual void restoreClip() = 0;
+    /// From here on everything is drawn into a transparent group; the state is that of the inside.
+    virtual void beginGroup() = 0;
+    /// Draws the group as a whole; the state is that of the outside again.
+    virtual void endGroup() = 0;
+
+private:
+    struct SavedState {
+        CGGraphicsState state;
+        bool startsLayer = false;
+    };
+
+    std::vector<SavedState> m_states;
+    Ref<CGMutablePath> m_path;
+    CGAffineTransform m_baseTransform;
+};
+using CGContextRef = CGContext*;
+
+/// Every function below ignores a nil context. A number that is not finite makes a drawing call draw nothing, a path
+/// undrawable until the next one is begun, and a setter do nothing.
+
+/// @name State
+/// @{
+void CGContextSaveGState(CGContextRef context);
+/// Ignored when nothing was saved.
+void CGContextRestoreGState(CGContextRef context);
+void CGContextConcatCTM(CGContextRef context, CGAffineTransform transform);
+void CGContextTranslateCTM(CGContextRef context, CGFloat tx, CGFloat ty);
+void CGContextScaleCTM(CGContextRef context, CGFloat sx, CGFloat sy);
+/// Radians; positive turns the x axis towards the y axis.
+void CGContextRotateCTM(CGContextRef context, CGFloat angle);
+/// From user space to device space; the identity at first, and for nil.
+CGAffineTransform CGContextGetCTM(CGContextRef context);
+/// The transform that shadow offsets and blurs go through; for makers of contexts in points with y downwards.
+void CGContextSetBaseCTM(CGContextRef context, CGAffineTransform transform);
+/// User space units; a negative width is ignored.
+void CGContextSetLineWidth(CGContextRef context, CGFloat width);
+void CGContextSetLineCap(CGContextRef context, CGLineCap cap);
+void CGContextSetLineJoin(CGContextRef context, CGLineJoin join);
+/// At sharper corners, where the mitre would be longer than `limit` line widths, the join is bevelled.
+void CGContextSetMiterLimit(CGContextRef context, CGFloat limit);
+/// Lengths of dashes and gaps in turn, in user space units; null or a count of 0 gives a solid line. Negative lengths,
+/// or lengths that are all 0, are ignored.
+void CGContextSetLineDash(CGContextRef context, CGFloat phase, const CGFloat* lengths, NSUInteger count);
+/// Nil is ignored. A pattern is tiled from the origin of user space, a pixel a unit, and stands upright whether y grows
+/// upwards or downwards: tiles start at the top left where it grows downwards, at the bottom left where it grows
+/// upwards.
+void CGContextSetFillColorWithColor(CGContextRef context, CGColorRef color);
+void CGContextSetStrokeColorWithColor(CGContextRef context, CGColorRef color);
+void CGContextSetRGBFillColor(CGContextRef context, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
+void CGContextSetRGBStrokeColor(CGContextRef context, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
+void CGContextSetGrayFillColor(CGContextRef context, CGFloat gray, CGFloat alpha);
+void CGContextSetGrayStrokeColor(CGContextRef context, CGFloat gray, CGFloat alpha);
+/// 0 to 1 (clamped), multiplied into everything drawn.
+void CGContextSetAlpha(CGContextRef context, CGFloat alpha);
+void CGContextSetBlendMode(CGContextRef context, CGBlendMode mode);
+void CGContextSetShouldAntialias(CGContextRef context, bool antialias);
+void CGContextSetInterpolationQuality(CGContextRef context, CGInterpolationQuality quality);
+/// A shadow under everything drawn, black at a third of full opacity. `offset` and `blur` in base space, not turned or
+/// scaled by the current transform; `blur` is twice the standard deviation of the softening.
+void CGContextSetShadow(CGContextRef context, CGSize offset, CGFloat blur);
+/// A nil colour takes the shadow away.
+void CGContextSetShadowWithColor(CGContextRef context, CGSize offset, CGFloat blur, CGColorRef color);
+/// @}
+
+/// @name The current path
+/// Points are transformed as they are added; see `CGPath` for what each adds. The path is not part of the saved state.
+/// @{
+void CGContextBeginPath(CGContextRef context);
+void CGContextMoveToPoint(CGContextRef context, CGFloat x, CGFloat y);
+void CGContextAddLineToPoint(CGContextRef context, CGFloat x, CGFloat y);
+void CGContextAddLines(CGContextRef context, const CGPoint* points, NSUInteger count);
+void CGContextAddQuadCurveToPoint(CGContextRef context, CGFloat cpx, CGFloat cpy, CGFloat x, CGFloat y);
+void CGContextAddCurveToPoint(CGContextRef context, CGFloat cp1x, CGFloat cp1y, CGFloat cp2x, CGFloat cp2y, CGFloat x,
+                              CGFloat y);
+void CGContextAddRect(CGContextRef context, CGRect rect);
+void CGContextAddEllipseInRect(CGContextRef context, CGRect rect);
+/// `clockwise`: 1 goes through decreasing angles in user space, 0 through increasing ones.
+void CGContextAddArc(CGContextRef context, CGFloat x, CGFloat y, CGFloat radius, CGFloat startAngle, CGFloat endAngle,
+                     int clockwise);
+void CGContextAddArcToPoint(CGContextRef context, CGFloat x1, CGFloat y1, CGFloat x2, CGFloat y2, CGFloat radius);
+void CGContextAddPath(CGContextRef context, CGPathRef path);
+void CGContextClosePath(CGContextRef context);
+bool CGContextIsPathEmpty(CGContextRef context);
+/// In user space; (0, 0) without a point.
+CGPoint CGContextGetPathCurrentPoint(CGContextRef context);
+/// @}
+
+/// @name Drawing the current path
+/// Each uses the path up: a new one begins.
+/// @{
+void CGContextFillPath(CGContextRef context);
+void CGContextEOFillPath(CGContextRef context);
+void CGContextStrokePath(CGContextRef context);
+void CGContextDrawPath(CGContextRef context, CGPathDrawingMode mode);
+/// The clip becomes the part of it that is inside the path; an empty path leaves nothing. Saved with the state.
+void CGContextClip(CGContextRef context);
+void CGContextEOClip(CGContextRef context);
+/// @}
+
+/// @name Drawing at once
+/// These leave nothing of the current path.
+/// @{
+void CGContextFillRect(CGContextRef context, CGRect rect);
+void CGContextClearRect(CGContextRef context, CGRect rect);
+void CGContextStrokeRect(CGContextRef context, CGRect rect);
+void CGContextStrokeRectWithWidth(CGContextRef context, CGRect rect, CGFloat width);
+void CGContextFillEllipseInRect(CGContextRef context, CGRect rect);
+void CGContextStrokeEllipseInRect(CGContextRef context, CGRect rect);
+void CGContextClipToRect(CGContextRef context, CGRect rect);
+/// The box around the clip in user space; empty for nil.
+CGRect CGContextGetClipBoundingBox(CGContextRef context);
+/// Scales the image to fill `rect`. The image's top row lies at the largest y: upright where y grows upwards.
+void CGContextDrawImage(CGContextRef context, CGRect rect, CGImageRef image);
+/// Fills the clip. A line of no length paints nothing.
+void CGContextDrawLinearGradient(CGContextRef context, CGGradientRef gradient, CGPoint startPoint, CGPoint endPoint,
+                                 CGGradientOptions options);
+/// Between two circles. Negative radii, or two equal circles, paint nothing.
+void CGContextDrawRadialGradient(CGContextRef context, CGGradientRef gradient, CGPoint startCenter, CGFloat startRadius,
+                                 CGPoint endCenter, CGFloat endRadius, CGGradientOptions options);
+/// What follows, until the end, is drawn on its own and then put down as one, with the alpha, blend mode and shadow of
+/// now; inside, alpha is 1, the blend mode normal, and there is no shadow. Layers nest.
+void CGContextBeginTransparencyLayer(CGContextRef context);
+void CGContextEndTransparencyLayer(CGContextRef context);
+/// @}
+
+} // namespace zr

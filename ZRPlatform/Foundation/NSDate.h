@@ -1,0 +1,32 @@
+#pragma once
+
+#include <ZRPlatform/Foundation/Clock.h>
+#include <ZRPlatform/Foundation/NSObject.h>
+
+namespace zr {
+
+/// A moment, exact to the nanosecond, on the current clock. With a manual clock, time 0 is 1 January 2001.
+class NSDate : public NSObject {
+public:
+    /// Now.
+    static Ref<NSDate> date();
+    /// `seconds` from now; may be negative.
+    static Ref<NSDate> dateWithTimeIntervalSinceNow(NSTimeInterval seconds);
+    bool initWithTimeIntervalSinceReferenceDate(NSTimeInterval seconds);
+
+    /// Seconds from `other` to this date; 0 when `other` is nil.
+    NSTimeInterval timeIntervalSinceDate(const NSDate* other) const;
+    NSTimeInterval timeIntervalSinceNow() const;
+    /// Seconds since 1 January 2001.
+    NSTimeInterval timeIntervalSinceReferenceDate() const;
+    Ref<NSDate> dateByAddingTimeInterval(NSTimeInterval seconds) const;
+    NSComparisonResult compare(const NSDate* other) const;
+    bool isEqual(const NSObject* other) const override;
+
+private:
+    static Ref<NSDate> dateWithTime(Nanoseconds time);
+
+    Nanoseconds m_time = 0; // since 1 January 2001
+};
+
+} // namespace zr

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <ZRPlatform/Foundation/SEL.h>
+
+#include <initializer_list>
+#include <string_view>
+#include <vector>
+
+namespace zr {
+
+/// One key of a class: its name, its getter, and its setter if it can be written.
+struct KeyEntry {
+    const char* name;
+    NSValue (*get)(const NSObject* object);
+    void (*set)(NSObject* object, const NSValue& value);
+};
+
+/// `key<&UIView::alpha, &UIView::setAlpha>("alpha")`; without a setter the key is read-only.
+template <auto Getter, auto Setter = nullptr>
+constexpr KeyEntry key(const char* name) {
+    using Class = typename detail::MethodTraits<decltype(Getter)>::Class;
+    KeyEntry entry{name, nullptr, nullptr};
+    entry.get = [](const NSObject* object) { return detail::box((dynamic_cast<const Class*>(object)->*Getter)()); };
+    if constexpr (!std::is_same_v<decltype(Setter), std::nullptr_t>) {
+        entry.set = [](NSObject* object, const NSValue& value) {
+            const NSValue arguments[] = {value};
+            NSValue result;
+            detail::invokeMethod<Setter>(object, arguments, &result);
+        };
+    }
+    return entry;
+}
+
+/// The keys of a class, on top of those of its superclass. A class overrides `keyTable` with a static one:
+///
+///     const KeyTable& Gauge::keyTable() const {
+///         static const KeyTable table(UIView::keyTable(), {key<&Gauge::progress, &Gauge::setProgress>("progress")});
+///         return table;
+///     }
+class KeyTable {
+public:
+    KeyTable() = default;
+    KeyTable(const KeyTable& superclass, std::initializer_list<KeyEntry> entries) :
+        m_superclass(&superclass), m_entries(entries) {}
+
+    /// Null for an unknown key.
+    const KeyEntry* find(std::string_view name) const;
+
+private:
+    const KeyTable* m_superclass = nullptr;
+    std::vector<KeyEntry> m_entries;
+};
+
+enum NSKeyValueObservingOptions : NSUInteger {
+    NSKeyValueObservingOptionNew = 1,
+    NSKeyValueObservingOptionOld = 2,
+    NSKeyValueObservingOptionInitial = 4,
+};
+
+/// What changed; each value is nil unless its option was asked for.
+struct NSKeyValueChange {
+    NSValue newValue;
+    NSValue oldValue;
+};
+
+} // namespace zr

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+namespace zr {
+
+/// A signed integer as wide as a pointer.
+using NSInteger = std::ptrdiff_t;
+/// An unsigned integer as wide as a pointer.
+using NSUInteger = std::size_t;
+/// A length of time in seconds.
+using NSTimeInterval = double;
+
+/// "Not found", where a position is asked for.
+inline constexpr NSInteger NSNotFound = std::numeric_limits<NSInteger>::max();
+
+enum NSComparisonResult : NSInteger { NSOrderedAscending = -1, NSOrderedSame = 0, NSOrderedDescending = 1 };
+
+/// A run of UTF-16 code units in a string: first index and count.
+struct NSRange {
+    NSUInteger location = 0;
+    NSUInteger length = 0;
+
+    friend bool operator==(const NSRange&, const NSRange&) = default;
+};
+
+inline constexpr NSRange NSMakeRange(NSUInteger location, NSUInteger length) { return {location, length}; }
+inline constexpr NSUInteger NSMaxRange(NSRange range) { return range.location + range.length; }
+
+} // namespace zr

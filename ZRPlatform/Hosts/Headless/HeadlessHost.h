@@ -1,0 +1,149 @@
+#pragma once
+
+#include <ZRPlatform/Foundation/Clock.h>
+#include <ZRPlatform/QuartzCore/Composition/Compositor.h>
+#include <ZRPlatform/UIKit/Application/UIApplication.h>
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace zr {
+
+class AnimationRecorder;
+
+/// The colour of one pixel of a frame, each part 0..255.
+struct FramePixel {
+    std::uint8_t red = 0, green = 0, blue = 0;
+    friend bool operator==(const FramePixel&, const FramePixel&) = default;
+    friend std::ostream& operator<<(std::ostream& stream, const FramePixel& pixel);
+};
+
+/// An application without a screen: touches, keys and time come from code, frames and view trees are read back. Time
+/// is a manual clock that starts at 0 and moves only as asked, so two runs give the same frames, byte for byte.
+///
+///     HeadlessHost host;
+///     window->makeKeyAndVisible();
+///     host.tap({100, 40});
+///     host.advance(0.3);
+///     EXPECT_EQ(host.pixel({10, 10}), (FramePixel{255, 255, 255}));
+///
+/// Making one makes the application object; one at a time, on the main thread, and any number after one another. Its
+/// end drops the timers and blocks that still wait. Places are in points of the screen. Every input ends with a turn
+/// of the run loop at the present time.
+class HeadlessHost : public UIApplicationHost {
+public:
+    explicit HeadlessHost(const DeviceProfile& profile = {});
+    HeadlessHost(const HeadlessHost&) = delete;
+    HeadlessHost& operator=(const HeadlessHost&) = delete;
+    ~HeadlessHost() override;
+
+    UIApplication* application() const { return m_application; }
+    /// Makes `delegate` the application's and lets it start, as a program's start does. False when it refused.
+    bool launch(UIApplicationDelegate* delegate);
+
+    /// @name Time
+    /// @{
+    /// Lets time pass: everything that falls due runs in order, each at its exact time, with a frame after each such
+    /// moment that changed something; at the end there is a turn at the target time. Negative spans count as 0.
+    void advance(NSTimeInterval seconds);
+    /// Seconds since the host was made.
+    NSTimeInterval time() const { return secondsFromNanoseconds(m_clock.now()); }
+    /// For work on real threads: runs turns at the present time until `predicate` holds, asleep between what other
+    /// threads hand to the main run loop. The manual clock stands still. False when that much real time has passed.
+    bool waitUntil(const std::function<bool()>& predicate, NSTimeInterval realSeconds = 10);
+    /// @}
+
+    /// @name Touches
+    /// Fingers are told apart by number. One that is down cannot go down again, and one that is up cannot do anything
+    /// else: such calls are ignored.
+    /// @{
+    void touchDown(CGPoint point, int finger = 0);
+    void touchMove(CGPoint point, int finger = 0);
+    /// Along a line, in steps of 1/60 s while the clock advances by `seconds`; arrives exactly at the end.
+    void touchMove(CGPoint point, NSTimeInterval seconds, int finger = 0);
+    /// Where it is.
+    void touchUp(int finger = 0);
+    void touchCancel(int finger = 0);
+    /// Down and up at once.
+    void tap(CGPoint point);
+    bool isTouching(int finger = 0) const { return m_fingers.count(finger) != 0; }
+    /// @}
+
+    /// @name Keyboard
+    /// Each returns false when nobody used it.
+    /// @{
+    /// Character by character, as typed; a line feed is the return key.
+    bool typeText(const NSString& text);
+    /// What an input method is composing, the caret behind it; empty ends it.
+    bool setMarkedText(const NSString& text);
+    /// `modifiers`: a sum of `UIKeyModifierFlags`.
+    bool pressKey(UIKey key, unsigned modifiers = 0);
+    /// Control and 'a', 'c', 'v' or 'x'.
+    bool clipboardKey(char letter);
+    /// Whether a text input has the focus, and where its caret is.
+    bool isTextInputActive() const { return m_textInputActive; }
+    CGRect caretRect() const { return m_caretRect; }
+    /// @}
+
+    void rotate(UIInterfaceOrientation orientation);
+
+    /// @name Looking
+    /// All of these show the present: what has changed since the last turn is laid out, displayed and composed first.
+    /// @{
+    /// The screen.
+    Ref<CGImage> snapshot();
+    /// The screen as a PNG file; false when the file cannot be written.
+    bool writeSnapshot(const std::string& path);
+    /// The pixel that holds the point; black outside the screen.
+    FramePixel pixel(CGPoint point);
+    /// The visible windows' view trees as JSON; see `dumpViewTrees`.
+    std::string dump();
+    /// @}
+
+    /// @name Frames
+    /// @{
+    /// Frames composed so far. Turns that change nothing compose none.
+    std::int64_t framesComposed() const { return m_framesComposed; }
+    /// What the last composed frame repainted, in pixels.
+    const std::vector<PixelRect>& damage() const { return m_damage; }
+    /// From now on, records the screen at each 1/fps s of the clock (1..120), the present one first. False when `path`
+    /// cannot be written or a recording runs already.
+    bool startRecording(const std::string& path, int fps = 30);
+    /// Writes the recording, an animated WebP of full quality that plays for ever; frames like the one before only
+    /// lengthen it. False when nothing is recorded or the file cannot be written. The host's end stops it too.
+    bool stopRecording();
+    bool isRecording() const { return m_recorder != nullptr; }
+    /// @}
+
+    /// @name UIApplicationHost
+    /// @{
+    void wake() override;
+    void textInputChanged(bool active, CGRect caret) override;
+    /// Kept in memory, nil at first.
+    NSString clipboardText() const override { return m_clipboard; }
+    void setClipboardText(const NSString& text) override { m_clipboard = text; }
+    /// @}
+
+private:
+    void advanceTo(Nanoseconds target);
+    void turn();
+    void recordIfDue();
+
+    ManualClock m_clock;
+    Ref<UIApplication> m_application;
+    std::map<int, CGPoint> m_fingers;
+    std::unique_ptr<AnimationRecorder> m_recorder;
+    std::vector<PixelRect> m_damage;
+    std::int64_t m_framesComposed = 0;
+    NSString m_clipboard;
+    CGRect m_caretRect;
+    bool m_textInputActive = false;
+};
+
+} // namespace zr

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Application/UIApplication.h>
+
+namespace zr {
+
+/// Makes `delegate` the application's, lets it start, and tells everybody. False when it refused, or is nil.
+bool launchApplication(UIApplication* application, UIApplicationDelegate* delegate);
+/// Tells the delegate, if there is one, that the end has come, and lets go of it.
+void terminateApplication(UIApplication* application);
+
+} // namespace zr

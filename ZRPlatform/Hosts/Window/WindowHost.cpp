@@ -1,0 +1,129 @@
+#include <ZRPlatform/Hosts/Window/Internal/WindowHost.h>
+
+#include <ZRPlatform/Foundation/NSRunLoop.h>
+#include <ZRPlatform/Hosts/Internal/Launching.h>
+
+#include <algorithm>
+#include <iostream>
+
+namespace zr {
+
+namespace {
+
+constexpr Nanoseconds kFrameDuration = kNanosecondsPerSecond / 60;
+
+/// The profile, at the scale that the window has.
+DeviceProfile shownProfile(const WindowOptions& options, double scale) {
+    DeviceProfile profile = options.profile;
+    profile.scale = static_cast<CGFloat>(scale);
+    return profile;
+}
+
+} // namespace
+
+WindowHost::WindowHost(std::unique_ptr<DesktopWindow> window, const WindowOptions& options) :
+    m_window(std::move(window)), m_logs(options.frameLog), m_wakeEvent(SDL_RegisterEvents(1)) {
+    // On since the start of the video driver; an input method is to open with a text field only.
+    SDL_StopTextInput();
+    UIDevice::currentDevice()->setProfile(shownProfile(options, m_window->scale()));
+    m_application = make<UIApplication>();
+    m_application->setHost(this);
+    NSRunLoop::mainRunLoop()->setWakeHandler([this] { wake(); });
+}
+
+WindowHost::~WindowHost() {
+    terminateApplication(m_application);
+    NSRunLoop::mainRunLoop()->setWakeHandler({});
+    NSRunLoop::mainRunLoop()->removeAll();
+    m_application->setHost(nullptr);
+    m_application = nullptr;
+    NSRunLoop::mainRunLoop()->removeAll();
+    if (m_logs)
+        std::cerr << "frames " << m_frames << ", wake-ups " << m_wakeUps << std::endl;
+}
+
+void WindowHost::run() {
+    m_window->show();
+    while (!m_isClosed) {
+        NSRunLoop::mainRunLoop()->runDue();
+        composeIfDue();
+        sleep();
+    }
+}
+
+void WindowHost::composeIfDue() {
+    const Nanoseconds now = Clock::current().now();
+    if (!wantsFrame() || now < m_nextFrameTime)
+        return;
+    // Frames keep to the beat, but one that comes after a pause begins a new one.
+    m_nextFrameTime += kFrameDuration;
+    if (m_nextFrameTime <= now)
+        m_nextFrameTime = now + kFrameDuration;
+    const Compositor& frame = m_application->commitFrame();
+    m_window->present(frame, frame.damage());
+    ++m_frames;
+    if (m_logs)
+        std::cerr << "frame " << m_frames << ": " << frame.paintedPixels() << " pixels" << std::endl;
+}
+
+std::optional<Nanoseconds> WindowHost::nextDueTime() const {
+    const std::optional<Nanoseconds> due = NSRunLoop::mainRunLoop()->nextDueTime();
+    if (!wantsFrame())
+        return due;
+    return due ? std::min(*due, m_nextFrameTime) : m_nextFrameTime;
+}
+
+void WindowHost::sleep() {
+    SDL_Event event;
+    bool hasEvent = false;
+    if (const std::optional<Nanoseconds> due = nextDueTime()) {
+        // Rounded up: a sleep that ends a moment too early would only be followed by another.
+        constexpr Nanoseconds kMillisecond = 1'000'000;
+        constexpr Nanoseconds kLongestSleep = 3'600'000;
+        const Nanoseconds span = std::max<Nanoseconds>(0, *due - Clock::current().now());
+        const Nanoseconds milliseconds = std::min((span + kMillisecond - 1) / kMillisecond, kLongestSleep);
+        hasEvent = SDL_WaitEventTimeout(&event, static_cast<int>(milliseconds));
+    } else {
+        hasEvent = SDL_WaitEvent(&event);
+    }
+    ++m_wakeUps;
+    if (m_logs)
+        std::cerr << "wake-up " << m_wakeUps << std::endl;
+    for (; hasEvent && !m_isClosed; hasEvent = SDL_PollEvent(&event))
+        handle(event);
+}
+
+void WindowHost::wake() {
+    // The main thread is awake when it calls this, and looks at everything before it sleeps again.
+    if (std::this_thread::get_id() == m_mainThread || m_isWaking.exchange(true))
+        return;
+    SDL_Event event{};
+    event.type = m_wakeEvent;
+    if (SDL_PushEvent(&event) != 1)
+        m_isWaking = false;
+}
+
+void WindowHost::textInputChanged(bool active, CGRect caret) {
+    if (active) {
+        SDL_Rect rect = m_window->windowRect(caret);
+        SDL_SetTextInputRect(&rect);
+    }
+    if (active == m_isTextInputActive)
+        return;
+    m_isTextInputActive = active;
+    if (active)
+        SDL_StartTextInput();
+    else
+        SDL_StopTextInput();
+}
+
+NSString WindowHost::clipboardText() const {
+    if (!SDL_HasClipboardText())
+        return nullptr;
+    const std::unique_ptr<char, void (*)(void*)> text(SDL_GetClipboardText(), SDL_free);
+    return text.get();
+}
+
+void WindowHost::setClipboardText(const NSString& text) { SDL_SetClipboardText(text.UTF8String()); }
+
+} // namespace zr

@@ -1,0 +1,175 @@
+#pragma once
+
+#include <ZRPlatform/Foundation/Clock.h>
+#include <ZRPlatform/Foundation/NSString.h>
+#include <ZRPlatform/Foundation/Weak.h>
+#include <ZRPlatform/QuartzCore/Animations/CAMediaTimingFunction.h>
+
+#include <optional>
+#include <vector>
+
+namespace zr {
+
+class CAAnimation;
+struct LayerValues;
+
+inline constexpr const char* kCAFillModeRemoved = "removed";
+inline constexpr const char* kCAFillModeForwards = "forwards";
+inline constexpr const char* kCAFillModeBackwards = "backwards";
+inline constexpr const char* kCAFillModeBoth = "both";
+
+/// The present in seconds, on the current clock: what `beginTime` is measured in.
+NSTimeInterval CACurrentMediaTime();
+
+/// Told when an animation starts and stops.
+class CAAnimationDelegate {
+public:
+    virtual ~CAAnimationDelegate() = default;
+    virtual void animationDidStart(CAAnimation*) {}
+    /// `finished`: it ran to its end, rather than being removed or replaced.
+    virtual void animationDidStop_finished(CAAnimation*, bool /*finished*/) {}
+};
+
+/// A change of a layer over time. Adding it to a layer copies it; the copy runs from the next frame on, unless
+/// `beginTime` says otherwise.
+class CAAnimation : public NSObject {
+public:
+    /// Seconds: in a group, from the group's begin; on a layer, by `CACurrentMediaTime`, where 0 means "when added".
+    NSTimeInterval beginTime() const { return m_beginTime; }
+    void setBeginTime(NSTimeInterval time) { m_beginTime = time; }
+    /// Seconds of one run; 0.25 unless set. Negative durations count as 0.
+    NSTimeInterval duration() const { return m_duration; }
+    void setDuration(NSTimeInterval duration) { m_duration = duration > 0 ? duration : 0; }
+    /// Local seconds a second of the parent. 0 stands still.
+    float speed() const { return m_speed; }
+    void setSpeed(float speed) { m_speed = speed; }
+    /// Local seconds already passed at the begin.
+    NSTimeInterval timeOffset() const { return m_timeOffset; }
+    void setTimeOffset(NSTimeInterval offset) { m_timeOffset = offset; }
+    /// Runs, fractions allowed; 0 counts as 1. The largest float repeats for ever.
+    float repeatCount() const { return m_repeatCount; }
+    void setRepeatCount(float count) { m_repeatCount = count; }
+    bool autoreverses() const { return m_autoreverses; }
+    void setAutoreverses(bool flag) { m_autoreverses = flag; }
+    /// What shows before the begin (backwards, both) and after the end (forwards, both). Unknown names count as
+    /// removed.
+    const NSString& fillMode() const { return m_fillMode; }
+    void setFillMode(const NSString& mode) { m_fillMode = mode; }
+    /// Whether the layer drops the animation at its end; true unless set.
+    bool isRemovedOnCompletion() const { return m_removedOnCompletion; }
+    void setRemovedOnCompletion(bool flag) { m_removedOnCompletion = flag; }
+    /// Linear when nil.
+    CAMediaTimingFunction* timingFunction() const { return m_timingFunction; }
+    void setTimingFunction(CAMediaTimingFunction* function) { m_timingFunction = function; }
+    Delegate<CAAnimationDelegate> delegate() const { return m_delegate; }
+    void setDelegate(Delegate<CAAnimationDelegate> delegate) { m_delegate = delegate; }
+
+    virtual Ref<CAAnimation> copy() const = 0;
+    /// Changes `values` to what shows at `time`, in seconds of the parent's time.
+    virtual void apply(LayerValues& values, NSTimeInterval time) const = 0;
+    /// When the animation ends, in the parent's seconds; infinite for one that repeats for ever or stands still.
+    NSTimeInterval endTime() const;
+
+protected:
+    /// A moment within one run.
+    struct Progress {
+        /// 0..1, before and after the timing function.
+        CGFloat linear;
+        CGFloat eased;
+        /// Local seconds within the run.
+        NSTimeInterval time;
+    };
+    /// Nothing when the animation does not show at this time.
+    std::optional<Progress> progressAt(NSTimeInterval time) const;
+    void copyTimingFrom(const CAAnimation& other);
+
+private:
+    NSTimeInterval m_beginTime = 0;
+    NSTimeInterval m_duration = 0.25;
+    NSTimeInterval m_timeOffset = 0;
+    float m_speed = 1;
+    float m_repeatCount = 0;
+    bool m_autoreverses = false;
+    bool m_removedOnCompletion = true;
+    NSString m_fillMode = kCAFillModeRemoved;
+    Ref<CAMediaTimingFunction> m_timingFunction;
+    Delegate<CAAnimationDelegate> m_delegate;
+};
+
+/// An animation of one value of the layer, named by its key path: "opacity", "position.x", "transform.rotation.z".
+class CAPropertyAnimation : public CAAnimation {
+public:
+    bool initWithKeyPath(const NSString& keyPath);
+    const NSString& keyPath() const { return m_keyPath; }
+    void setKeyPath(const NSString& keyPath) { m_keyPath = keyPath; }
+
+private:
+    NSString m_keyPath;
+};
+
+/// From one value to another. A nil `fromValue` starts at the layer's value below this animation, a nil `toValue` ends
+/// there. With `byValue`, the missing end is that far away.
+class CABasicAnimation : public CAPropertyAnimation {
+public:
+    static Ref<CABasicAnimation> animationWithKeyPath(const NSString& keyPath);
+    const NSValue& fromValue() const { return m_fromValue; }
+    void setFromValue(const NSValue& value) { m_fromValue = value; }
+    const NSValue& toValue() const { return m_toValue; }
+    void setToValue(const NSValue& value) { m_toValue = value; }
+    const NSValue& byValue() const { return m_byValue; }
+    void setByValue(const NSValue& value) { m_byValue = value; }
+
+    Ref<CAAnimation> copy() const override;
+    void apply(LayerValues& values, NSTimeInterval time) const override;
+
+private:
+    NSValue m_fromValue;
+    NSValue m_toValue;
+    NSValue m_byValue;
+};
+
+inline constexpr const char* kCAAnimationLinear = "linear";
+inline constexpr const char* kCAAnimationDiscrete = "discrete";
+inline constexpr const char* kCAAnimationPaced = "paced";
+
+/// Through a list of values, evenly spaced in time unless `keyTimes` says otherwise.
+class CAKeyframeAnimation : public CAPropertyAnimation {
+public:
+    static Ref<CAKeyframeAnimation> animationWithKeyPath(const NSString& keyPath);
+    const std::vector<NSValue>& values() const { return m_values; }
+    void setValues(std::vector<NSValue> values) { m_values = std::move(values); }
+    /// Fractions 0..1, rising, one a value (one more for discrete); ignored when their count does not fit.
+    const std::vector<CGFloat>& keyTimes() const { return m_keyTimes; }
+    void setKeyTimes(std::vector<CGFloat> times) { m_keyTimes = std::move(times); }
+    /// One a segment; missing ones are linear.
+    const std::vector<Ref<CAMediaTimingFunction>>& timingFunctions() const { return m_timingFunctions; }
+    void setTimingFunctions(std::vector<Ref<CAMediaTimingFunction>> functions) {
+        m_timingFunctions = std::move(functions);
+    }
+    const NSString& calculationMode() const { return m_calculationMode; }
+    void setCalculationMode(const NSString& mode) { m_calculationMode = mode; }
+
+    Ref<CAAnimation> copy() const override;
+    void apply(LayerValues& values, NSTimeInterval time) const override;
+
+private:
+    std::vector<NSValue> m_values;
+    std::vector<CGFloat> m_keyTimes;
+    std::vector<Ref<CAMediaTimingFunction>> m_timingFunctions;
+    NSString m_calculationMode = kCAAnimationLinear;
+};
+
+/// Several animations at once, cut off at the group's duration. The children's delegates are not told.
+class CAAnimationGroup : public CAAnimation {
+public:
+    const std::vector<Ref<CAAnimation>>& animations() const { return m_animations; }
+    void setAnimations(std::vector<Ref<CAAnimation>> animations) { m_animations = std::move(animations); }
+
+    Ref<CAAnimation> copy() const override;
+    void apply(LayerValues& values, NSTimeInterval time) const override;
+
+private:
+    std::vector<Ref<CAAnimation>> m_animations;
+};
+
+} // namespace zr

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGImage.h>
+#include <ZRPlatform/QuartzCore/Layers/CALayer.h>
+
+#include <memory>
+#include <vector>
+
+namespace zr {
+
+/// A rectangle of whole pixels.
+struct PixelRect {
+    int x = 0, y = 0, width = 0, height = 0;
+
+    bool isEmpty() const { return width <= 0 || height <= 0; }
+    int right() const { return x + width; }
+    int bottom() const { return y + height; }
+    friend bool operator==(const PixelRect&, const PixelRect&) = default;
+};
+
+PixelRect intersection(const PixelRect& a, const PixelRect& b);
+PixelRect unionOf(const PixelRect& a, const PixelRect& b);
+
+/// Turns layer trees into a picture, and only repaints what differs from the picture before.
+class Compositor {
+public:
+    /// Pixels, and pixels a point. Starts as opaque black, with everything to be painted.
+    Compositor(int width, int height, double scale);
+    ~Compositor();
+
+    /// Paints the trees, the first one lowest, as they show at the clock's time. Returns the rectangles that were
+    /// repainted (they do not overlap); none when nothing changed.
+    const std::vector<PixelRect>& compose(const std::vector<CALayer*>& roots);
+    /// The rectangles of the last `compose`.
+    const std::vector<PixelRect>& damage() const { return m_damage; }
+    /// Whether the last composed picture holds a running animation, so that the next moment's may differ.
+    bool isAnimating() const { return m_animating; }
+    /// The next `compose` paints everything.
+    void invalidate();
+
+    int width() const { return m_width; }
+    int height() const { return m_height; }
+    double scale() const { return m_scale; }
+    /// Rows of 32-bit pixels: blue, green, red, 255 in memory order.
+    const std::uint32_t* pixels() const { return m_pixels.get(); }
+    /// Pixels painted by the last `compose`, a measure of its work.
+    std::int64_t paintedPixels() const { return m_paintedPixels; }
+    /// A copy of the picture.
+    Ref<CGImage> snapshot() const;
+
+private:
+    int m_width;
+    int m_height;
+    double m_scale;
+    std::unique_ptr<std::uint32_t[]> m_pixels;
+    std::unique_ptr<struct Scene> m_lastScene;
+    std::vector<PixelRect> m_damage;
+    std::int64_t m_paintedPixels = 0;
+    bool m_animating = false;
+    bool m_invalid = true;
+};
+
+} // namespace zr

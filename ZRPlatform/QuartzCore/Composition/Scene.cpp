@@ -1,0 +1,206 @@
+#include <ZRPlatform/QuartzCore/Composition/Internal/Scene.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zr {
+
+bool SceneNode::looksLike(const SceneNode& other) const {
+    return toScreen == other.toScreen && bounds == other.bounds && moving == other.moving &&
+           background == other.background && backgroundPattern == other.backgroundPattern &&
+           contents == other.contents && contentsFrame == other.contentsFrame &&
+           contentsPixels == other.contentsPixels && contentsCenter == other.contentsCenter &&
+           contentsScale == other.contentsScale && cornerRadius == other.cornerRadius &&
+           borderWidth == other.borderWidth && border == other.border && extent == other.extent;
+}
+
+namespace {
+
+PaintColor paintColor(const CGColor* color) {
+    if (!color || color->pattern())
+        return {};
+    const RGBAColor rgba = color->rgba();
+    const auto cut = [](CGFloat x) { return std::isfinite(x) ? std::clamp<float>(float(x), 0, 1) : 0; };
+    const float alpha = cut(rgba.alpha);
+    return {cut(rgba.red) * alpha, cut(rgba.green) * alpha, cut(rgba.blue) * alpha, alpha};
+}
+
+/// Whole pixels around a rectangle; a little is forgiven, so that rounding errors do not grow it by a pixel.
+PixelRect pixelsAround(CGRect rect, PixelRect clip) {
+    constexpr double kForgiven = 1.0 / 1024;
+    if (!CGRectIsFinite(rect))
+        return {};
+    const double left = std::max<double>(std::floor(rect.origin.x + kForgiven), clip.x);
+    const double top = std::max<double>(std::floor(rect.origin.y + kForgiven), clip.y);
+    const double right = std::min<double>(std::ceil(rect.origin.x + rect.size.width - kForgiven), clip.right());
+    const double bottom = std::min<double>(std::ceil(rect.origin.y + rect.size.height - kForgiven), clip.bottom());
+    if (!(right > left && bottom > top))
+        return {};
+    return {int(left), int(top), int(right - left), int(bottom - top)};
+}
+
+/// Where an image of `size` points goes within `bounds`.
+CGRect gravityFrame(const NSString& gravity, CGRect bounds, CGSize size) {
+    CGRect frame{bounds.origin, size};
+    const CGFloat freeX = bounds.size.width - size.width, freeY = bounds.size.height - size.height;
+    if (gravity == kCAGravityResize)
+        return bounds;
+    if (gravity == kCAGravityResizeAspect || gravity == kCAGravityResizeAspectFill) {
+        const CGFloat x = bounds.size.width / size.width, y = bounds.size.height / size.height;
+        const CGFloat factor = gravity == kCAGravityResizeAspect ? std::min(x, y) : std::max(x, y);
+        const CGSize scaled{size.width * factor, size.height * factor};
+        return {{bounds.origin.x + (bounds.size.width - scaled.width) / 2,
+                 bounds.origin.y + (bounds.size.height - scaled.height) / 2},
+                scaled};
+    }
+    const std::string& name = gravity.utf8();
+    const auto has = [&](std::string_view part) {
+        return std::search(name.begin(), name.end(), part.begin(), part.end(),
+                           [](char a, char b) { return std::tolower(a) == std::tolower(b); }) != name.end();
+    };
+    frame.origin.x += has("left") ? 0 : has("right") ? freeX : freeX / 2;
+    frame.origin.y += has("top") ? 0 : has("bottom") ? freeY : freeY / 2;
+    return frame;
+}
+
+/// Each edge on the nearest pixel, so that neighbours still meet; what had a width keeps at least a pixel of it.
+CGRect onWholePixels(CGRect rect) {
+    const auto round = [](double x) { return std::floor(x + 0.5 + 1.0 / 1024); };
+    const double left = round(rect.origin.x), top = round(rect.origin.y);
+    double right = round(rect.origin.x + rect.size.width), bottom = round(rect.origin.y + rect.size.height);
+    if (right == left && rect.size.width > 0)
+        right += 1;
+    if (bottom == top && rect.size.height > 0)
+        bottom += 1;
+    return {{CGFloat(left), CGFloat(top)}, {CGFloat(right - left), CGFloat(bottom - top)}};
+}
+
+class SceneBuilder {
+public:
+    SceneBuilder(double scale, PixelRect screen) : m_scale(scale), m_screen(screen) {}
+
+    void add(const CALayer& layer, const CATransform3D& toScreen, PixelRect clip, int parent);
+    Scene take() { return std::move(m_scene); }
+    CATransform3D screenTransform() const { return CATransform3DMakeScale(m_scale, m_scale, m_scale); }
+
+private:
+    void addSublayers(const CALayer& layer, const LayerValues& values, const CATransform3D& toScreen, PixelRect clip,
+                      int index);
+
+    double m_scale;
+    PixelRect m_screen;
+    Scene m_scene;
+};
+
+void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen, PixelRect clip, int parent) {
+    const LayerValues values = layer.hasAnimations() ? layer.presentationValues() : layer.modelValues();
+    if (values.hidden || !(values.opacity > 0))
+        return;
+    const CATransform3D transform = CATransform3DConcat(values.toSuperlayer(), superToScreen);
+    SceneNode node;
+    node.layer = &layer;
+    node.toScreen = Homography::fromTransform(transform);
+    if (!node.toScreen.isFinite() || !CGRectIsFinite(values.bounds))
+        return;
+    m_scene.animating = m_scene.animating || layer.isAnimating();
+    node.bounds = values.bounds;
+    node.opacity = std::min(values.opacity, 1.0f);
+    node.cornerRadius = std::isfinite(values.cornerRadius)
+                            ? std::clamp<CGFloat>(values.cornerRadius, 0,
+                                                  std::min(values.bounds.size.width, values.bounds.size.height) / 2)
+                            : 0;
+    node.background = paintColor(values.backgroundColor);
+    node.backgroundPattern = values.backgroundColor ? values.backgroundColor->pattern() : nullptr;
+    node.borderWidth = std::isfinite(values.borderWidth) ? std::max<CGFloat>(values.borderWidth, 0) : 0;
+    node.border = paintColor(values.borderColor);
+
+    node.moving = layer.isAnimating() || (parent >= 0 && m_scene.nodes[parent].moving);
+    CGRect box = node.toScreen.boundingBox(values.bounds);
+    const bool straight = node.toScreen.isScaleAndTranslation();
+    if (straight) {
+        if (!node.moving)
+            box = onWholePixels(box);
+        node.box = box;
+    }
+    node.clipsToShape = values.masksToBounds && !(straight && node.cornerRadius == 0 && onWholePixels(box) == box);
+    CGRect contentsBox = box;
+    if (values.contents && !CGRectIsEmpty(values.bounds)) {
+        const CGRect part = values.contentsRect;
+        const CGFloat width = values.contents->width(), height = values.contents->height();
+        node.contents = values.contents;
+        node.contentsScale = layer.contentsScale();
+        node.contentsPixels = {{part.origin.x * width, part.origin.y * height},
+                               {part.size.width * width, part.size.height * height}};
+        const CGSize size{node.contentsPixels.size.width / node.contentsScale,
+                          node.contentsPixels.size.height / node.contentsScale};
+        node.contentsFrame = gravityFrame(layer.contentsGravity(), values.bounds, size);
+        node.contentsCenter = values.contentsCenter;
+        // A bitmap covers whole pixels: one made for these bounds may stand out at the right and the bottom, by less
+        // than a pixel. It keeps its size, so that nothing is resampled.
+        if (layer.contentsGravity() == kCAGravityResize && node.contentsScale == m_scale &&
+            std::ceil(values.bounds.size.width * m_scale) == width &&
+            std::ceil(values.bounds.size.height * m_scale) == height && part == CGRect{{0, 0}, {1, 1}})
+            node.contentsFrame.size = {CGFloat(width / m_scale), CGFloat(height / m_scale)};
+        contentsBox = node.toScreen.boundingBox(node.contentsFrame);
+        if (!CGRectIsFinite(contentsBox))
+            node.contents = nullptr;
+    }
+
+    const PixelRect boxPixels = pixelsAround(box, clip);
+    if (values.masksToBounds)
+        clip = intersection(clip, boxPixels);
+    if (node.isVisible()) {
+        node.extent = CGRectIsEmpty(values.bounds) ? PixelRect{} : boxPixels;
+        if (node.contents)
+            node.extent = unionOf(node.extent, pixelsAround(contentsBox, clip));
+    }
+    node.subtreeExtent = node.extent;
+    node.parent = parent;
+    node.inGroup = parent >= 0 && (m_scene.nodes[parent].inGroup || m_scene.nodes[parent].opacity < 1 ||
+                                   m_scene.nodes[parent].clipsToShape);
+    node.index = static_cast<int>(m_scene.nodes.size());
+    const int index = node.index;
+    m_scene.nodes.push_back(std::move(node));
+    if (!clip.isEmpty())
+        addSublayers(layer, values, transform, clip, index);
+
+    SceneNode& finished = m_scene.nodes[index];
+    finished.end = static_cast<int>(m_scene.nodes.size());
+    if (finished.subtreeExtent.isEmpty()) {
+        m_scene.nodes.pop_back();
+        return;
+    }
+    if (parent >= 0) {
+        PixelRect& around = m_scene.nodes[parent].subtreeExtent;
+        around = unionOf(around, finished.subtreeExtent);
+    }
+}
+
+void SceneBuilder::addSublayers(const CALayer& layer, const LayerValues& values, const CATransform3D& toScreen,
+                                PixelRect clip, int index) {
+    CATransform3D transform = toScreen;
+    if (!CATransform3DIsIdentity(values.sublayerTransform)) {
+        const CGFloat x = values.bounds.origin.x + values.anchorPoint.x * values.bounds.size.width;
+        const CGFloat y = values.bounds.origin.y + values.anchorPoint.y * values.bounds.size.height;
+        transform = CATransform3DTranslate(toScreen, x, y, 0);
+        transform = CATransform3DConcat(values.sublayerTransform, transform);
+        transform = CATransform3DTranslate(transform, -x, -y, 0);
+    }
+    std::vector<const CALayer*> sublayers(layer.sublayers().begin(), layer.sublayers().end());
+    const auto lower = [](const CALayer* a, const CALayer* b) { return a->zPosition() < b->zPosition(); };
+    if (!std::is_sorted(sublayers.begin(), sublayers.end(), lower))
+        std::stable_sort(sublayers.begin(), sublayers.end(), lower);
+    for (const CALayer* sublayer : sublayers)
+        add(*sublayer, transform, clip, index);
+}
+
+} // namespace
+
+Scene makeScene(const std::vector<CALayer*>& roots, double scale, PixelRect screen) {
+    SceneBuilder builder(scale, screen);
+    for (const CALayer* root : roots)
+        builder.add(*root, builder.screenTransform(), screen, -1);
+    return builder.take();
+}
+
+} // namespace zr

@@ -1,0 +1,205 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGContext.h>
+#include <ZRPlatform/Foundation/Weak.h>
+#include <ZRPlatform/QuartzCore/Animations/CAAnimation.h>
+#include <ZRPlatform/QuartzCore/Layers/LayerValues.h>
+
+#include <utility>
+#include <vector>
+
+namespace zr {
+
+class CALayer;
+
+inline constexpr const char* kCAGravityResize = "resize";
+inline constexpr const char* kCAGravityResizeAspect = "resizeAspect";
+inline constexpr const char* kCAGravityResizeAspectFill = "resizeAspectFill";
+inline constexpr const char* kCAGravityCenter = "center";
+inline constexpr const char* kCAGravityTop = "top";
+inline constexpr const char* kCAGravityBottom = "bottom";
+inline constexpr const char* kCAGravityLeft = "left";
+inline constexpr const char* kCAGravityRight = "right";
+inline constexpr const char* kCAGravityTopLeft = "topLeft";
+inline constexpr const char* kCAGravityTopRight = "topRight";
+inline constexpr const char* kCAGravityBottomLeft = "bottomLeft";
+inline constexpr const char* kCAGravityBottomRight = "bottomRight";
+
+/// What a layer asks its owner; for a view's layer that is the view.
+class CALayerDelegate {
+public:
+    virtual ~CALayerDelegate() = default;
+    /// Places the sublayers. Called when layout was asked for, the superlayer's before its sublayers'.
+    virtual void layoutSublayersOfLayer(CALayer*) {}
+    /// Renews the contents. Called when display was asked for.
+    virtual void displayLayer(CALayer*) {}
+    /// The animation that a change of `key` is to make, from what shows now; nil to change at once. Called before the
+    /// change.
+    virtual Ref<CAAnimation> actionForLayer_forKey(CALayer*, const char* /*key*/) { return nullptr; }
+};
+
+/// A rectangle that shows: background, contents, border, and sublayers in front. Values set change the model at once;
+/// what is seen is the presentation: the model with the running animations applied.
+///
+/// Main thread only, like everything in QuartzCore.
+class CALayer : public NSObject {
+public:
+    CALayer();
+    ~CALayer() override;
+
+    /// @name Geometry, in points
+    /// Numbers that are not finite are kept, and draw nothing.
+    /// @{
+    /// Where the anchor point lies in the superlayer.
+    CGPoint position() const { return m_values.position; }
+    void setPosition(CGPoint position);
+    CGRect bounds() const { return m_values.bounds; }
+    void setBounds(CGRect bounds);
+    /// 0..1 of the bounds; (0.5, 0.5) at first.
+    CGPoint anchorPoint() const { return m_values.anchorPoint; }
+    void setAnchorPoint(CGPoint point);
+    CGFloat zPosition() const { return m_values.zPosition; }
+    void setZPosition(CGFloat z);
+    const CATransform3D& transform() const { return m_values.transform; }
+    void setTransform(const CATransform3D& transform);
+    CGAffineTransform affineTransform() const { return CATransform3DGetAffineTransform(m_values.transform); }
+    void setAffineTransform(const CGAffineTransform& transform);
+    const CATransform3D& sublayerTransform() const { return m_values.sublayerTransform; }
+    void setSublayerTransform(const CATransform3D& transform);
+    /// The box around the transformed bounds. Setting it sets bounds' size and position, through the inverse transform.
+    CGRect frame() const { return m_values.frame(); }
+    void setFrame(CGRect frame);
+    /// @}
+
+    /// @name Look
+    /// @{
+    /// 0..1; applies to the layer and its sublayers as one picture.
+    float opacity() const { return m_values.opacity; }
+    void setOpacity(float opacity);
+    bool isHidden() const { return m_values.hidden; }
+    void setHidden(bool hidden);
+    /// Sublayers and contents are cut to the bounds, rounded by the corner radius.
+    bool masksToBounds() const { return m_values.masksToBounds; }
+    void setMasksToBounds(bool masks);
+    CGColorRef backgroundColor() const { return m_values.backgroundColor; }
+    void setBackgroundColor(CGColorRef color);
+    /// Points; rounds the background, the border and, with `masksToBounds`, the rest. Cut to half the shorter side.
+    CGFloat cornerRadius() const { return m_values.cornerRadius; }
+    void setCornerRadius(CGFloat radius);
+    /// Points, drawn inside the bounds, over contents and sublayers.
+    CGFloat borderWidth() const { return m_values.borderWidth; }
+    void setBorderWidth(CGFloat width);
+    /// Opaque black at first.
+    CGColorRef borderColor() const { return m_values.borderColor; }
+    void setBorderColor(CGColorRef color);
+    /// Nil shows nothing.
+    CGImageRef contents() const { return m_values.contents; }
+    void setContents(CGImageRef image);
+    /// Pixels of the contents a point; for gravities that do not resize.
+    CGFloat contentsScale() const { return m_contentsScale; }
+    void setContentsScale(CGFloat scale);
+    const NSString& contentsGravity() const { return m_contentsGravity; }
+    void setContentsGravity(const NSString& gravity);
+    CGRect contentsRect() const { return m_values.contentsRect; }
+    void setContentsRect(CGRect rect);
+    CGRect contentsCenter() const { return m_values.contentsCenter; }
+    void setContentsCenter(CGRect rect);
+    /// A promise that background or contents cover the bounds without transparency; used to leave out what is behind.
+    bool isOpaque() const { return m_opaque; }
+    void setOpaque(bool opaque);
+    /// @}
+
+    /// @name Tree
+    /// A layer keeps its sublayers; the superlayer is not kept.
+    /// @{
+    CALayer* superlayer() const { return m_superlayer; }
+    const std::vector<Ref<CALayer>>& sublayers() const { return m_sublayers; }
+    /// Nil is ignored; so is a layer that contains this one. A layer that has another superlayer is taken from it.
+    void addSublayer(CALayer* layer);
+    /// `index` beyond the end adds it last.
+    void insertSublayer_atIndex(CALayer* layer, NSUInteger index);
+    void removeFromSuperlayer();
+    /// @}
+
+    /// @name Layout and display
+    /// Carried out at the end of the run loop turn.
+    /// @{
+    void setNeedsLayout();
+    bool needsLayout() const { return m_needsLayout; }
+    /// Lays out this layer and those below it that asked for it.
+    void layoutIfNeeded();
+    void setNeedsDisplay();
+    bool needsDisplay() const { return m_needsDisplay; }
+    /// Displays this layer and those below it that asked for it.
+    void displayIfNeeded();
+    CALayerDelegate* delegate() const { return m_delegate; }
+    /// Not kept; the owner clears it before it goes.
+    void setDelegate(CALayerDelegate* delegate) { m_delegate = delegate; }
+    /// @}
+
+    /// @name Animations
+    /// @{
+    /// Runs a copy of the animation. One already there under the same key is replaced (and told it did not finish); a
+    /// nil key never replaces.
+    void addAnimation_forKey(CAAnimation* animation, const NSString& key);
+    void removeAnimationForKey(const NSString& key);
+    void removeAllAnimations();
+    CAAnimation* animationForKey(const NSString& key) const;
+    /// Keys in the order of adding; animations without a key are left out.
+    std::vector<NSString> animationKeys() const;
+    bool hasAnimations() const { return !m_animations.empty(); }
+    /// All of them with their keys, oldest first; those without one have a nil key.
+    std::vector<std::pair<NSString, CAAnimation*>> keyedAnimations() const;
+    /// What shows now: the model with the animations applied at the clock's time.
+    LayerValues presentationValues() const;
+    const LayerValues& modelValues() const { return m_values; }
+    /// A copy of this layer (without sublayers and animations) with the presentation's values.
+    Ref<CALayer> presentationLayer() const;
+    /// Whether a running animation changes what shows between now and its end.
+    bool isAnimating() const;
+    /// @}
+
+    /// @name Conversion
+    /// By the model's geometry. A nil layer stands for the root's superlayer.
+    /// @{
+    CGPoint convertPoint_toLayer(CGPoint point, const CALayer* layer) const;
+    CGPoint convertPoint_fromLayer(CGPoint point, const CALayer* layer) const;
+    /// @}
+
+    NSValue valueForLayerKeyPath(const NSString& keyPath) const;
+
+protected:
+    const KeyTable& keyTable() const override;
+
+private:
+    friend class CATransaction;
+
+    struct RunningAnimation {
+        NSString key;
+        Ref<CAAnimation> animation;
+        bool started = false;
+    };
+
+    template <class T>
+    void change(const char* key, T LayerValues::*member, const T& value);
+    void contentsChanged();
+    void startAnimations(NSTimeInterval now);
+    void animationReachedEnd(CAAnimation* animation);
+    void stopAnimation(std::size_t index, bool finished);
+    void markSubtree(bool CALayer::*flag);
+
+    LayerValues m_values;
+    CGFloat m_contentsScale = 1;
+    NSString m_contentsGravity = kCAGravityResize;
+    bool m_opaque = false;
+    bool m_needsLayout = false;
+    bool m_needsDisplay = false;
+    bool m_subtreeNeedsLayout = false;
+    bool m_subtreeNeedsDisplay = false;
+    CALayer* m_superlayer = nullptr;
+    std::vector<Ref<CALayer>> m_sublayers;
+    CALayerDelegate* m_delegate = nullptr;
+    std::vector<RunningAnimation> m_animations;
+};
+
+} // namespace zr

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <ZRPlatform/QuartzCore/Layers/CALayer.h>
+
+#include <functional>
+
+namespace zr {
+
+/// What happens between two frames: which layers have new animations, and whether a frame is due.
+class CATransaction {
+public:
+    /// A layer changed: a frame is due. Wakes the host through the handler the first time.
+    static void setNeedsFrame();
+    static bool needsFrame();
+    static void setFrameHandler(std::function<void()> handler);
+
+    /// Ends the turn for the trees below `roots`: layout, then display, until nothing asks for either, then the new
+    /// animations start at the clock's time. Afterwards no frame is due any more.
+    static void commit(const std::vector<CALayer*>& roots);
+
+    /// Between these two, changes make no animations, whatever the layers' delegates say.
+    static void beginWithoutActions();
+    static void endWithoutActions();
+    static bool actionsDisabled();
+
+private:
+    friend class CALayer;
+    static void addPendingAnimation(CALayer* layer);
+};
+
+} // namespace zr

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGColor.h>
+#include <ZRPlatform/CoreGraphics/CGImage.h>
+#include <ZRPlatform/Foundation/NSValue.h>
+#include <ZRPlatform/QuartzCore/Layers/CATransform3D.h>
+
+#include <string_view>
+
+namespace zr {
+
+/// Everything about a layer that shows and can be animated. A layer has one set, its model; the presentation is a copy
+/// with the running animations applied.
+struct LayerValues {
+    CGPoint position;
+    CGRect bounds;
+    CGPoint anchorPoint{0.5, 0.5};
+    CGFloat zPosition = 0;
+    CATransform3D transform;
+    CATransform3D sublayerTransform;
+    float opacity = 1;
+    bool hidden = false;
+    bool masksToBounds = false;
+    Ref<CGColor> backgroundColor;
+    CGFloat cornerRadius = 0;
+    CGFloat borderWidth = 0;
+    Ref<CGColor> borderColor;
+    Ref<CGImage> contents;
+    /// The part of the contents that shows, 0..1 in both directions.
+    CGRect contentsRect{{0, 0}, {1, 1}};
+    /// The part of `contentsRect` that stretches, 0..1; the rest keeps its size.
+    CGRect contentsCenter{{0, 0}, {1, 1}};
+
+    /// The box around the transformed bounds, in the superlayer's coordinates.
+    CGRect frame() const;
+    /// From this layer's coordinates to its superlayer's.
+    CATransform3D toSuperlayer() const;
+};
+
+/// The value of a key path such as "opacity", "bounds.size.width", "transform.rotation.z" or "transform.scale"; nil
+/// when there is no such value.
+NSValue layerValueForKeyPath(const LayerValues& values, std::string_view keyPath);
+/// False when there is no such value.
+bool setLayerValueForKeyPath(LayerValues& values, std::string_view keyPath, const NSValue& value);
+
+/// The value a fraction `t` of the way (not limited to 0..1): numbers, points, sizes, rectangles, transforms and
+/// colours; anything else jumps at the middle.
+NSValue interpolateValues(const NSValue& from, const NSValue& to, CGFloat t);
+/// `value` plus `sign` times `amount`, for values that can be added (transforms are concatenated).
+NSValue addValues(const NSValue& value, const NSValue& amount, int sign);
+
+} // namespace zr

@@ -1,0 +1,243 @@
+#include <ZRPlatform/UIKit/Application/UIApplication.h>
+
+#include <ZRPlatform/Foundation/NSNotificationCenter.h>
+#include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
+#include <ZRPlatform/UIKit/Events/Internal/TouchDispatcher.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zr {
+
+namespace {
+
+UIApplication* g_application = nullptr;
+
+} // namespace
+
+UIApplication* UIApplication::sharedApplication() { return g_application; }
+
+UIApplication::UIApplication() : m_touches(std::make_unique<TouchDispatcher>()) { g_application = this; }
+
+UIApplication::~UIApplication() {
+    setHost(nullptr);
+    m_delegate = nullptr;
+    g_application = nullptr;
+}
+
+void UIApplication::setHost(UIApplicationHost* host) {
+    m_host = host;
+    CATransaction::setFrameHandler(host ? std::function<void()>([host] { host->wake(); }) : nullptr);
+}
+
+// Windows
+
+std::vector<UIWindow*> UIApplication::windows() const { return m_windows; }
+
+void UIApplication::windowShown(UIWindow* window) {
+    std::erase(m_windows, window);
+    m_windows.push_back(window);
+    windowLevelChanged();
+}
+
+void UIApplication::windowLevelChanged() {
+    std::stable_sort(m_windows.begin(), m_windows.end(),
+                     [](const UIWindow* a, const UIWindow* b) { return a->windowLevel() < b->windowLevel(); });
+    CATransaction::setNeedsFrame();
+}
+
+void UIApplication::windowHidden(UIWindow* window) {
+    std::erase(m_windows, window);
+    if (m_keyWindow.get() == window || !m_keyWindow.get())
+        keyWindowLost(window);
+    CATransaction::setNeedsFrame();
+}
+
+void UIApplication::setKeyWindow(UIWindow* window) {
+    const Ref<UIWindow> old = m_keyWindow.lock();
+    if (old.get() == window)
+        return;
+    m_keyWindow = window;
+    if (old) {
+        std::erase_if(m_formerKeyWindows, [&](const Weak<UIWindow>& w) { return !w.get() || w.get() == old.get(); });
+        m_formerKeyWindows.push_back(old);
+        old->resignKeyWindow();
+        NSNotificationCenter::defaultCenter()->postNotificationName_object(UIWindowDidResignKeyNotification, old);
+    }
+    if (window && m_keyWindow.get() == window) {
+        window->becomeKeyWindow();
+        NSNotificationCenter::defaultCenter()->postNotificationName_object(UIWindowDidBecomeKeyNotification, window);
+    }
+}
+
+void UIApplication::keyWindowLost(UIWindow* window) {
+    UIWindow* next = nullptr;
+    for (const auto& former : m_formerKeyWindows) {
+        UIWindow* candidate = former.get();
+        const auto isVisible = [&](const UIWindow* w) {
+            return std::find(m_windows.begin(), m_windows.end(), w) != m_windows.end();
+        };
+        if (!candidate || candidate == window || !isVisible(candidate))
+            continue;
+        // Of those that were key before, the topmost.
+        const auto place = [&](const UIWindow* w) { return std::find(m_windows.begin(), m_windows.end(), w); };
+        if (!next || place(candidate) > place(next))
+            next = candidate;
+    }
+    setKeyWindow(next);
+    std::erase_if(m_formerKeyWindows, [&](const Weak<UIWindow>& w) { return !w.get() || w.get() == window; });
+}
+
+UIResponder* UIApplication::firstResponder() const {
+    const UIWindow* window = m_keyWindow.get();
+    return window ? window->firstResponder() : nullptr;
+}
+
+// Orientation
+
+UIInterfaceOrientation UIApplication::statusBarOrientation() const {
+    return UIDevice::currentDevice()->profile().orientation;
+}
+
+void UIApplication::setStatusBarOrientation(UIInterfaceOrientation orientation) {
+    if (orientation == statusBarOrientation())
+        return;
+    const CGRect oldBounds = UIScreen::mainScreen()->bounds();
+    DeviceProfile profile = UIDevice::currentDevice()->profile();
+    profile.orientation = orientation;
+    UIDevice::currentDevice()->setProfile(profile);
+    const CGRect newBounds = UIScreen::mainScreen()->bounds();
+    const auto shown = m_windows;
+    for (UIWindow* window : shown) {
+        if (window->frame() == oldBounds)
+            window->setFrame(newBounds);
+    }
+    NSNotificationCenter::defaultCenter()->postNotificationName_object(
+        UIApplicationDidChangeStatusBarOrientationNotification, this);
+}
+
+// Events
+
+void UIApplication::endIgnoringInteractionEvents() {
+    m_ignoringInteractionEvents = std::max(0, m_ignoringInteractionEvents - 1);
+}
+
+bool UIApplication::sendAction_to_from_forEvent(SEL action, NSObject* target, NSObject* sender, UIEvent* event) {
+    if (!target) {
+        auto* responder = dynamic_cast<UIResponder*>(sender);
+        if (firstResponder())
+            responder = firstResponder();
+        while (responder && !action.isAcceptedBy(responder))
+            responder = responder->nextResponder();
+        target = responder;
+    }
+    if (!action.isAcceptedBy(target))
+        return false;
+    const Ref<NSObject> keep = target;
+    const NSValue arguments[] = {sender, event};
+    action.send(target, arguments);
+    return true;
+}
+
+void UIApplication::touchBegan(std::int64_t identifier, CGPoint location) {
+    if (m_ignoringInteractionEvents == 0)
+        m_touches->began(identifier, location, m_windows);
+}
+
+void UIApplication::touchMoved(std::int64_t identifier, CGPoint location) { m_touches->moved(identifier, location); }
+void UIApplication::touchEnded(std::int64_t identifier, CGPoint location) { m_touches->ended(identifier, location); }
+void UIApplication::touchCancelled(std::int64_t identifier) { m_touches->cancelled(identifier); }
+void UIApplication::cancelTouchesInView(UIView* view) { m_touches->cancelTouchesInView(view); }
+
+void UIApplication::viewLeavesWindow(UIView* view) {
+    cancelTouchesInView(view);
+    const UIWindow* window = view->window();
+    auto* first = window ? dynamic_cast<UIView*>(window->firstResponder()) : nullptr;
+    if (first && first->isDescendantOfView(view))
+        first->resignFirstResponder();
+}
+
+bool UIApplication::insertText(const NSString& text) {
+    const Ref<UIResponder> responder = firstResponder();
+    auto* input = dynamic_cast<UITextInput*>(responder.get());
+    if (input)
+        input->insertText(text);
+    return input != nullptr;
+}
+
+bool UIApplication::setMarkedText_selectedRange(const NSString& text, NSRange range) {
+    const Ref<UIResponder> responder = firstResponder();
+    auto* input = dynamic_cast<UITextInput*>(responder.get());
+    if (input)
+        input->setMarkedText_selectedRange(text, range);
+    return input != nullptr;
+}
+
+bool UIApplication::keyPressed(UIKey key, unsigned modifiers) {
+    const Ref<UIResponder> responder = firstResponder();
+    // The application is the end of the responder chain: a key that comes back up to it was used by nobody.
+    if (std::exchange(m_sendingKey, true) || !responder)
+        return m_sendingKey = false;
+    const bool used = responder->keyPressed(key, modifiers);
+    m_sendingKey = false;
+    return used;
+}
+
+bool UIApplication::clipboardKey(char letter) {
+    const Ref<UIResponder> responder = firstResponder();
+    auto* input = dynamic_cast<UITextInput*>(responder.get());
+    if (!input || !m_host)
+        return false;
+    switch (letter) {
+    case 'a':
+        input->selectAll();
+        return true;
+    case 'c':
+    case 'x': {
+        const NSString selected = input->selectedText();
+        if (selected.length() == 0)
+            return false;
+        m_host->setClipboardText(selected);
+        if (letter == 'x')
+            input->deleteBackward();
+        return true;
+    }
+    case 'v':
+        if (m_host->clipboardText().length() == 0)
+            return false;
+        input->insertText(m_host->clipboardText());
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Frames
+
+bool UIApplication::needsFrame() const {
+    return CATransaction::needsFrame() || (m_compositor && m_compositor->isAnimating());
+}
+
+Compositor& UIApplication::compositor() {
+    const UIScreen* screen = UIScreen::mainScreen();
+    const CGSize size = screen->bounds().size;
+    const int width = static_cast<int>(std::lround(size.width * screen->scale()));
+    const int height = static_cast<int>(std::lround(size.height * screen->scale()));
+    if (!m_compositor || m_compositor->width() != width || m_compositor->height() != height)
+        m_compositor = std::make_unique<Compositor>(width, height, screen->scale());
+    return *m_compositor;
+}
+
+Compositor& UIApplication::commitFrame() {
+    const auto roots = [this] {
+        std::vector<CALayer*> layers;
+        for (const UIWindow* window : m_windows)
+            layers.push_back(window->layer());
+        return layers;
+    };
+    CATransaction::commit(roots());
+    compositor().compose(roots());
+    return *m_compositor;
+}
+
+} // namespace zr

@@ -1,0 +1,126 @@
+#pragma once
+
+#include <ZRPlatform/QuartzCore/Composition/Compositor.h>
+#include <ZRPlatform/UIKit/Application/UIApplicationHost.h>
+#include <ZRPlatform/UIKit/Application/UIDevice.h>
+#include <ZRPlatform/UIKit/Application/UIScreen.h>
+#include <ZRPlatform/UIKit/Events/UIResponder.h>
+#include <ZRPlatform/UIKit/Views/UIWindow.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zr {
+
+class TouchDispatcher;
+
+inline constexpr const char* UIApplicationDidFinishLaunchingNotification =
+    "UIApplicationDidFinishLaunchingNotification";
+inline constexpr const char* UIApplicationDidChangeStatusBarOrientationNotification =
+    "UIApplicationDidChangeStatusBarOrientationNotification";
+inline constexpr const char* UIApplicationDidReceiveMemoryWarningNotification =
+    "UIApplicationDidReceiveMemoryWarningNotification";
+
+/// The application's own part: what to do at start and end.
+class UIApplicationDelegate : public UIResponder {
+public:
+    /// Make the windows here. False ends the program.
+    virtual bool applicationDidFinishLaunching(class UIApplication*) { return true; }
+    virtual void applicationWillTerminate(UIApplication*) {}
+};
+
+/// The one application object: its windows, its touches, its frames. A host makes it and drives it.
+class UIApplication : public UIResponder {
+public:
+    static UIApplication* sharedApplication();
+
+    UIApplication();
+    ~UIApplication() override;
+
+    UIApplicationDelegate* delegate() const { return m_delegate; }
+    void setDelegate(UIApplicationDelegate* delegate) { m_delegate = delegate; }
+    /// Visible windows, lowest first.
+    std::vector<UIWindow*> windows() const;
+    UIWindow* keyWindow() const { return m_keyWindow.get(); }
+    /// The key window's; nil when typing goes nowhere.
+    UIResponder* firstResponder() const;
+    UIInterfaceOrientation statusBarOrientation() const;
+    /// Turns the device: the screen's bounds follow, and `UIApplicationDidChangeStatusBarOrientationNotification` is
+    /// posted.
+    void setStatusBarOrientation(UIInterfaceOrientation orientation);
+    /// Between the two, touches are ignored. Calls nest.
+    void beginIgnoringInteractionEvents() { ++m_ignoringInteractionEvents; }
+    void endIgnoringInteractionEvents();
+    bool isIgnoringInteractionEvents() const { return m_ignoringInteractionEvents > 0; }
+    /// Sends `action` to `target`, or, when that is nil, to the first responder upwards of `sender` that takes it.
+    /// False when nobody did.
+    bool sendAction_to_from_forEvent(SEL action, NSObject* target, NSObject* sender, UIEvent* event);
+
+    /// @name The host's side
+    /// @{
+    /// Not kept; null when the host goes.
+    UIApplicationHost* host() const { return m_host; }
+    void setHost(UIApplicationHost* host);
+    /// One finger: `identifier` tells fingers apart, the place is in points of the screen.
+    void touchBegan(std::int64_t identifier, CGPoint location);
+    void touchMoved(std::int64_t identifier, CGPoint location);
+    void touchEnded(std::int64_t identifier, CGPoint location);
+    void touchCancelled(std::int64_t identifier);
+    /// Typed text, to the first responder. False when nobody takes text.
+    bool insertText(const NSString& text);
+    bool setMarkedText_selectedRange(const NSString& text, NSRange range);
+    /// A key that is not text; clipboard keys too: with control, 'a', 'c', 'v' and 'x'.
+    bool keyPressed(UIKey key, unsigned modifiers) override;
+    bool clipboardKey(char letter);
+    /// Whether a frame would show anything new.
+    bool needsFrame() const;
+    /// Ends a turn: layout, display, animations start, composition. Returns the picture; see `Compositor::damage`.
+    Compositor& commitFrame();
+    Compositor& compositor();
+    /// @}
+
+private:
+    friend class UIWindow;
+    friend class UIView;
+
+    void windowShown(UIWindow* window);
+    void windowHidden(UIWindow* window);
+    void windowLevelChanged();
+    void setKeyWindow(UIWindow* window);
+    void keyWindowLost(UIWindow* window);
+    /// The touches of the view and of those below it are cancelled.
+    void cancelTouchesInView(UIView* view);
+    /// A view leaves its window: its touches are cancelled, and it stops being first responder.
+    void viewLeavesWindow(UIView* view);
+
+    UIApplicationHost* m_host = nullptr;
+    Ref<UIApplicationDelegate> m_delegate;
+    /// Visible windows by level and order of showing; not kept.
+    std::vector<UIWindow*> m_windows;
+    std::vector<Weak<UIWindow>> m_formerKeyWindows;
+    Weak<UIWindow> m_keyWindow;
+    std::unique_ptr<TouchDispatcher> m_touches;
+    std::unique_ptr<Compositor> m_compositor;
+    int m_ignoringInteractionEvents = 0;
+    bool m_sendingKey = false;
+};
+
+/// What a program's command line asks of its host.
+struct HostOptions {
+    DeviceProfile profile;
+    /// The window's title.
+    NSString title;
+};
+
+/// Opens a window, makes the delegate, and runs until the window is closed. Returns the program's exit code; 1, with a
+/// line on standard error, when no window can be opened. `--device 320x568@2` and `--system-version 7.0` choose the
+/// profile.
+int UIApplicationMain(int argc, char** argv, Ref<UIApplicationDelegate> (*makeDelegate)());
+template <class AppDelegate>
+int UIApplicationMain(int argc, char** argv) {
+    return UIApplicationMain(argc, argv, [] { return Ref<UIApplicationDelegate>(make<AppDelegate>()); });
+}
+
+} // namespace zr

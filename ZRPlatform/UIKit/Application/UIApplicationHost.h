@@ -1,0 +1,23 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGGeometry.h>
+#include <ZRPlatform/Foundation/NSString.h>
+
+namespace zr {
+
+class Compositor;
+
+/// Where frames go and what the platform asks of the surroundings: a window, no screen at all, later a browser. Hosts
+/// deliver input to `UIApplication` and own the loop.
+class UIApplicationHost {
+public:
+    virtual ~UIApplicationHost() = default;
+    /// The application has something to show or to do soon: from any thread, wakes the host's loop.
+    virtual void wake() = 0;
+    /// A text input took or lost the focus; the caret is in points of the screen. Input methods follow it.
+    virtual void textInputChanged(bool active, CGRect caret) = 0;
+    virtual NSString clipboardText() const = 0;
+    virtual void setClipboardText(const NSString& text) = 0;
+};
+
+} // namespace zr

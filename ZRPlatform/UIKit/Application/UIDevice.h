@@ -1,0 +1,49 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGGeometry.h>
+#include <ZRPlatform/Foundation/NSObject.h>
+#include <ZRPlatform/Foundation/NSString.h>
+
+#include <optional>
+
+namespace zr {
+
+enum UIInterfaceOrientation : NSInteger {
+    UIInterfaceOrientationPortrait = 1,
+    UIInterfaceOrientationPortraitUpsideDown = 2,
+    UIInterfaceOrientationLandscapeRight = 3,
+    UIInterfaceOrientationLandscapeLeft = 4,
+};
+
+/// The device that the program believes to run on. Chosen at start.
+struct DeviceProfile {
+    /// Points, in portrait.
+    CGSize screenSize{375, 667};
+    /// Pixels a point.
+    CGFloat scale = 2;
+    NSString systemVersion = "8.4";
+    UIInterfaceOrientation orientation = UIInterfaceOrientationPortrait;
+
+    /// "375x667@2", and any other size by number; nothing when the text says something else or a number is not within
+    /// 1..16384 points or 0.5..8 pixels a point.
+    static std::optional<DeviceProfile> profileWithDescription(const NSString& description);
+    /// The framework version number that goes with the system version: that of the newest known version not above it.
+    double foundationVersionNumber() const;
+};
+
+/// The device's name and system version.
+class UIDevice : public NSObject {
+public:
+    static UIDevice* currentDevice();
+    /// For example "8.4".
+    const NSString& systemVersion() const;
+
+    const DeviceProfile& profile() const { return m_profile; }
+    /// Takes effect for everything that asks from now on; hosts set it before the application starts.
+    void setProfile(const DeviceProfile& profile);
+
+private:
+    DeviceProfile m_profile;
+};
+
+} // namespace zr

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGGeometry.h>
+#include <ZRPlatform/Foundation/NSObject.h>
+
+namespace zr {
+
+/// The screen, as the device profile describes it.
+class UIScreen : public NSObject {
+public:
+    static UIScreen* mainScreen();
+    /// Points; origin (0, 0). Follows the orientation from system version 8 on.
+    CGRect bounds() const;
+    /// Pixels a point.
+    CGFloat scale() const;
+};
+
+} // namespace zr

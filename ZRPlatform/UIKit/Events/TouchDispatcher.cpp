@@ -1,0 +1,123 @@
+#include <ZRPlatform/UIKit/Events/Internal/TouchDispatcher.h>
+
+#include <ZRPlatform/QuartzCore/Animations/CAAnimation.h>
+#include <ZRPlatform/UIKit/Views/UIWindow.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zr {
+
+namespace {
+
+/// A second tap counts as a double tap within this time and distance of the first.
+constexpr NSTimeInterval kMultipleTapInterval = 0.35;
+constexpr CGFloat kMultipleTapDistance = 25;
+/// A finger that moves further than this from where it went down taps no more.
+constexpr CGFloat kTapDistance = 10;
+
+CGFloat distance(CGPoint a, CGPoint b) { return std::hypot(a.x - b.x, a.y - b.y); }
+
+} // namespace
+
+/// Whether another finger keeps this one from the view: a view takes one finger unless it asks for several, and one
+/// that is touched exclusively is touched alone.
+bool TouchDispatcher::isBlocked(const UIView* view) const {
+    return std::any_of(m_fingers.begin(), m_fingers.end(), [view](const auto& finger) {
+        const UIView* other = finger.second->view();
+        if (!other)
+            return false;
+        if (other == view)
+            return !view->isMultipleTouchEnabled();
+        return other->isExclusiveTouch() || view->isExclusiveTouch();
+    });
+}
+
+void TouchDispatcher::began(std::int64_t identifier, CGPoint location, const std::vector<UIWindow*>& windows) {
+    cancelled(identifier);
+    auto touch = make<UITouch>();
+    for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+        const CGPoint inWindow = (*window)->layer()->convertPoint_fromLayer(location, nullptr);
+        UIView* hit = (*window)->hitTest_withEvent(inWindow, nullptr);
+        if (!hit)
+            continue;
+        touch->m_window = *window;
+        touch->m_location = touch->m_previousLocation = inWindow;
+        if (!isBlocked(hit))
+            touch->m_view = hit;
+        break;
+    }
+    const bool again = CACurrentMediaTime() - m_lastTap.time <= kMultipleTapInterval && m_lastTap.count > 0 &&
+                       distance(location, m_lastTap.location) <= kMultipleTapDistance;
+    touch->m_tapCount = again ? m_lastTap.count + 1 : 1;
+    m_fingers[identifier] = touch;
+    m_starts[identifier] = location;
+    change(touch, UITouchPhaseBegan);
+}
+
+void TouchDispatcher::moved(std::int64_t identifier, CGPoint location) {
+    const auto finger = m_fingers.find(identifier);
+    if (finger == m_fingers.end())
+        return;
+    const Ref<UITouch> touch = finger->second;
+    setLocation(touch, location);
+    if (touch->m_location == touch->m_previousLocation)
+        return;
+    if (distance(location, m_starts[identifier]) > kTapDistance)
+        touch->m_tapCount = 0;
+    change(touch, UITouchPhaseMoved);
+}
+
+void TouchDispatcher::ended(std::int64_t identifier, CGPoint location) {
+    const auto finger = m_fingers.find(identifier);
+    if (finger == m_fingers.end())
+        return;
+    const Ref<UITouch> touch = finger->second;
+    setLocation(touch, location);
+    m_lastTap = {CACurrentMediaTime(), location, touch->m_tapCount};
+    change(touch, UITouchPhaseEnded);
+    m_fingers.erase(identifier);
+    m_starts.erase(identifier);
+}
+
+void TouchDispatcher::cancelled(std::int64_t identifier) {
+    const auto finger = m_fingers.find(identifier);
+    if (finger == m_fingers.end())
+        return;
+    const Ref<UITouch> touch = finger->second;
+    change(touch, UITouchPhaseCancelled);
+    m_fingers.erase(identifier);
+    m_starts.erase(identifier);
+}
+
+void TouchDispatcher::cancelTouchesInView(const UIView* view) {
+    const auto fingers = m_fingers;
+    for (const auto& [identifier, touch] : fingers) {
+        const UIView* touched = touch->view();
+        if (!touched || !touched->isDescendantOfView(view))
+            continue;
+        cancelled(identifier);
+        touch->m_view = nullptr;
+    }
+}
+
+void TouchDispatcher::setLocation(UITouch* touch, CGPoint screenLocation) {
+    touch->m_previousLocation = touch->m_location;
+    const UIWindow* window = touch->window();
+    touch->m_location = window ? window->layer()->convertPoint_fromLayer(screenLocation, nullptr) : screenLocation;
+}
+
+void TouchDispatcher::change(UITouch* touch, UITouchPhase phase) {
+    touch->m_phase = phase;
+    touch->m_timestamp = CACurrentMediaTime();
+    auto event = make<UIEvent>();
+    event->m_timestamp = touch->m_timestamp;
+    for (const auto& [identifier, finger] : m_fingers)
+        event->m_touches.push_back(finger);
+    if (const Ref<UIWindow> window = touch->window())
+        window->sendEvent(event);
+    if (touch->m_phase == UITouchPhaseBegan || touch->m_phase == UITouchPhaseMoved)
+        touch->m_phase = UITouchPhaseStationary;
+}
+
+} // namespace zr

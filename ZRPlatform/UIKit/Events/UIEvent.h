@@ -1,0 +1,26 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Events/UITouch.h>
+
+#include <vector>
+
+namespace zr {
+
+/// What happened at one moment: every finger that is down or has just gone up.
+class UIEvent : public NSObject {
+public:
+    NSTimeInterval timestamp() const { return m_timestamp; }
+    const std::vector<Ref<UITouch>>& allTouches() const { return m_touches; }
+    std::vector<UITouch*> touchesForView(const UIView* view) const;
+
+private:
+    friend class TouchDispatcher;
+
+    NSTimeInterval m_timestamp = 0;
+    std::vector<Ref<UITouch>> m_touches;
+};
+
+/// Touches that changed in the same way, for one view.
+using TouchSet = std::vector<UITouch*>;
+
+} // namespace zr

@@ -1,0 +1,76 @@
+#include <ZRPlatform/UIKit/Events/UIResponder.h>
+
+#include <ZRPlatform/UIKit/Views/UIWindow.h>
+
+namespace zr {
+
+namespace {
+
+/// The window in which a responder can be first: that of the first view upwards of it.
+UIWindow* windowOf(const UIResponder* responder) {
+    for (; responder; responder = responder->nextResponder()) {
+        if (const auto* view = dynamic_cast<const UIView*>(responder))
+            return view->window();
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void UIResponder::touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) {
+    if (const Ref<UIResponder> next = nextResponder())
+        next->touchesBegan_withEvent(touches, event);
+}
+
+void UIResponder::touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) {
+    if (const Ref<UIResponder> next = nextResponder())
+        next->touchesMoved_withEvent(touches, event);
+}
+
+void UIResponder::touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) {
+    if (const Ref<UIResponder> next = nextResponder())
+        next->touchesEnded_withEvent(touches, event);
+}
+
+void UIResponder::touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event) {
+    if (const Ref<UIResponder> next = nextResponder())
+        next->touchesCancelled_withEvent(touches, event);
+}
+
+bool UIResponder::becomeFirstResponder() {
+    if (isFirstResponder())
+        return true;
+    UIWindow* window = windowOf(this);
+    if (!window || !canBecomeFirstResponder())
+        return false;
+    if (const Ref<UIResponder> old = window->firstResponder()) {
+        if (!old->resignFirstResponder())
+            return false;
+    }
+    // Resigning may have moved this responder elsewhere.
+    window = windowOf(this);
+    if (window)
+        window->m_firstResponder = this;
+    return window != nullptr;
+}
+
+bool UIResponder::resignFirstResponder() {
+    if (!isFirstResponder())
+        return true;
+    if (!canResignFirstResponder())
+        return false;
+    windowOf(this)->m_firstResponder = nullptr;
+    return true;
+}
+
+bool UIResponder::isFirstResponder() const {
+    const UIWindow* window = windowOf(this);
+    return window && window->firstResponder() == this;
+}
+
+bool UIResponder::keyPressed(UIKey key, unsigned modifiers) {
+    const Ref<UIResponder> next = nextResponder();
+    return next && next->keyPressed(key, modifiers);
+}
+
+} // namespace zr

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Events/UIEvent.h>
+
+namespace zr {
+
+/// Keys that a responder is sent apart from text.
+enum class UIKey { Return, Escape, Tab, Backspace, Delete, Left, Right, Up, Down, Home, End };
+
+/// Modifier keys held, to be added up.
+enum UIKeyModifierFlags : unsigned { UIKeyModifierShift = 1, UIKeyModifierControl = 2, UIKeyModifierAlternate = 4 };
+
+/// Something that can be sent events: it handles them or passes them on to its next responder.
+class UIResponder : public NSObject {
+public:
+    /// Nil at the end of the chain.
+    virtual UIResponder* nextResponder() const { return nullptr; }
+
+    /// @name Touches
+    /// The default passes the touches on to the next responder.
+    /// @{
+    virtual void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event);
+    virtual void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event);
+    virtual void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event);
+    virtual void touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event);
+    /// @}
+
+    /// @name First responder
+    /// The one responder that typing goes to.
+    /// @{
+    virtual bool canBecomeFirstResponder() const { return false; }
+    virtual bool canResignFirstResponder() const { return true; }
+    /// True when it is the first responder afterwards. The old one must agree to resign.
+    virtual bool becomeFirstResponder();
+    virtual bool resignFirstResponder();
+    bool isFirstResponder() const;
+    /// @}
+
+    /// @name Typing
+    /// @{
+    /// A key that is not text. True when it was used; the default passes it on.
+    virtual bool keyPressed(UIKey key, unsigned modifiers);
+    /// @}
+};
+
+/// A responder that takes typed text, an input method's included.
+class UITextInput {
+public:
+    virtual ~UITextInput() = default;
+    virtual void insertText(const NSString& text) = 0;
+    virtual void deleteBackward() = 0;
+    virtual bool hasText() const = 0;
+    /// Text that an input method is still composing, shown but not yet final; empty ends it. The range is the
+    /// selection inside it.
+    virtual void setMarkedText_selectedRange(const NSString& text, NSRange range) = 0;
+    virtual void unmarkText() = 0;
+    /// Where the caret is, in the window's coordinates: input methods open their list there.
+    virtual CGRect caretRectInWindow() const = 0;
+    /// For the clipboard keys of a host; nil when there is no selection or the text is secret.
+    virtual NSString selectedText() const = 0;
+    virtual void selectAll() = 0;
+};
+
+} // namespace zr

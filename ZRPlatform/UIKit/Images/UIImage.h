@@ -1,0 +1,105 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGContext.h>
+#include <ZRPlatform/Foundation/NSString.h>
+#include <ZRPlatform/UIKit/Views/UIGeometry.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace zr {
+
+/// How the bitmap is to be turned to stand upright: "right" means a quarter turn clockwise. The mirrored ones are
+/// flipped left to right before that.
+enum UIImageOrientation : NSInteger {
+    UIImageOrientationUp,
+    UIImageOrientationDown,
+    UIImageOrientationLeft,
+    UIImageOrientationRight,
+    UIImageOrientationUpMirrored,
+    UIImageOrientationDownMirrored,
+    UIImageOrientationLeftMirrored,
+    UIImageOrientationRightMirrored,
+};
+
+enum UIImageRenderingMode : NSInteger {
+    UIImageRenderingModeAutomatic,
+    UIImageRenderingModeAlwaysOriginal,
+    /// Only the shape (alpha) counts; image views and system buttons colour it with their tint.
+    UIImageRenderingModeAlwaysTemplate,
+};
+
+/// An immutable picture: a bitmap, its pixels a point, and how it is turned. May be used on any thread.
+///
+/// Every function that makes one from a file or from bytes gives nil when there is none, or it is corrupt, cut short,
+/// of no known format (PNG, JPEG, GIF (first frame), WebP), longer than 32767 pixels on a side, or of more
+/// than 64 million pixels.
+class UIImage : public NSObject {
+public:
+    /// The image of that name among the main bundle's resources. Without an extension it is a PNG. Of the variants for
+    /// scales 1 (plain), 2 ("@2x" before the extension) and 3 ("@3x") it is the one nearest above the screen's scale,
+    /// else the one nearest below. Decoded images are kept until a memory warning, so asking twice gives the same
+    /// object.
+    static Ref<UIImage> imageNamed(const NSString& name);
+    /// Exactly this file; "@2x" or "@3x" at the end of its name gives the scale.
+    static Ref<UIImage> imageWithContentsOfFile(const NSString& path);
+    /// The bytes of an image file.
+    static Ref<UIImage> imageWithData(const std::vector<std::uint8_t>& data, CGFloat scale = 1);
+    /// Nil gives nil. A scale that is not a positive number counts as 1.
+    static Ref<UIImage> imageWithCGImage(CGImageRef image);
+    static Ref<UIImage> imageWithCGImage_scale_orientation(CGImageRef image, CGFloat scale,
+                                                           UIImageOrientation orientation);
+
+    /// Points, standing upright.
+    CGSize size() const;
+    /// Pixels a point.
+    CGFloat scale() const { return m_scale; }
+    UIImageOrientation imageOrientation() const { return m_orientation; }
+    /// The bitmap, as stored: not turned.
+    CGImageRef CGImage() const { return m_image; }
+
+    /// @name Drawing
+    /// Upright, in the current context, at full opacity unless an alpha (0..1) is given. The middle of an image with
+    /// caps stretches, its corners keep their size.
+    /// @{
+    void drawAtPoint(CGPoint point) const;
+    void drawAtPoint_blendMode_alpha(CGPoint point, CGBlendMode mode, CGFloat alpha) const;
+    void drawInRect(CGRect rect) const;
+    void drawInRect_blendMode_alpha(CGRect rect, CGBlendMode mode, CGFloat alpha) const;
+    /// @}
+
+    /// @name Caps
+    /// The parts at the edges that keep their size when the image is stretched, in points.
+    /// @{
+    /// One column and one row stretch: those after the caps.
+    Ref<UIImage> stretchableImageWithLeftCapWidth_topCapHeight(NSInteger leftCapWidth, NSInteger topCapHeight) const;
+    Ref<UIImage> resizableImageWithCapInsets(UIEdgeInsets capInsets) const;
+    UIEdgeInsets capInsets() const { return m_capInsets; }
+    /// The part between the caps, 0..1 of the upright image in both directions: what `CALayer::contentsCenter` takes.
+    CGRect contentsCenter() const;
+    /// @}
+
+    UIImageRenderingMode renderingMode() const { return m_renderingMode; }
+    Ref<UIImage> imageWithRenderingMode(UIImageRenderingMode mode) const;
+
+    /// The bitmap turned upright: the stored one when it stands so already.
+    Ref<zr::CGImage> uprightImage() const;
+    /// The upright bitmap's shape filled with a colour.
+    Ref<zr::CGImage> imageTintedWithColor(CGColorRef color) const;
+
+private:
+    /// As numbered in photographs' metadata, 1..8.
+    static UIImageOrientation orientationWithNumber(int number);
+    Ref<UIImage> copy() const;
+
+    Ref<zr::CGImage> m_image;
+    CGFloat m_scale = 1;
+    UIImageOrientation m_orientation = UIImageOrientationUp;
+    UIEdgeInsets m_capInsets;
+    UIImageRenderingMode m_renderingMode = UIImageRenderingModeAutomatic;
+};
+
+/// The bytes of a PNG file that shows the upright image, a bitmap pixel a pixel; empty for nil.
+std::vector<std::uint8_t> UIImagePNGRepresentation(const UIImage* image);
+
+} // namespace zr

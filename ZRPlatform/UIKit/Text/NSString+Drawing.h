@@ -1,0 +1,38 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGGeometry.h>
+#include <ZRPlatform/Foundation/NSString.h>
+#include <ZRPlatform/UIKit/Text/NSText.h>
+#include <ZRPlatform/UIKit/Text/UIFont.h>
+
+namespace zr {
+
+/// @name Measuring, in points
+/// Width and height are rounded up to whole points, so that a label of that size shows all of the text on any screen,
+/// but are never larger than the box. A nil or empty text, a nil font, and a box without width or height (or one that
+/// is not a number) give a zero size. Any thread may measure.
+///
+/// Text is wrapped by words, and a word that is longer than the line by characters. Only whole lines count; a box lower
+/// than one line is filled by the first.
+/// @{
+/// On one line (the text up to its first line break).
+CGSize sizeWithFont(const NSString& text, UIFont* font);
+CGSize sizeWithFont_constrainedToSize(const NSString& text, UIFont* font, CGSize size);
+CGSize sizeWithFont_constrainedToSize_lineBreakMode(const NSString& text, UIFont* font, CGSize size,
+                                                    NSLineBreakMode mode);
+/// @}
+
+/// @name Drawing
+/// Into the current graphics context with its fill colour, from the top left corner of the rectangle or from the point.
+/// Lines that do not fit the rectangle whole are left out, but for the first one. Returns the size drawn, measured as
+/// above; zero where nothing is drawn.
+/// @{
+CGSize drawInRect_withFont(const NSString& text, CGRect rect, UIFont* font);
+CGSize drawInRect_withFont_lineBreakMode(const NSString& text, CGRect rect, UIFont* font, NSLineBreakMode mode);
+CGSize drawInRect_withFont_lineBreakMode_alignment(const NSString& text, CGRect rect, UIFont* font,
+                                                   NSLineBreakMode mode, NSTextAlignment alignment);
+/// On one line.
+CGSize drawAtPoint_withFont(const NSString& text, CGPoint point, UIFont* font);
+/// @}
+
+} // namespace zr

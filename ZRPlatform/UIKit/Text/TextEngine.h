@@ -1,0 +1,132 @@
+#pragma once
+
+#include <ZRPlatform/CoreGraphics/CGContext.h>
+#include <ZRPlatform/Foundation/NSString.h>
+#include <ZRPlatform/UIKit/Text/NSText.h>
+#include <ZRPlatform/UIKit/Text/UIFont.h>
+
+#include <limits>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zr {
+
+/// A font of a family, without a size.
+struct FontFace {
+    NSString family;
+    /// 100 (thin) to 900 (black).
+    int weight = 400;
+    bool italic = false;
+    friend bool operator==(const FontFace&, const FontFace&) = default;
+};
+
+/// Of a font of one point; the descender is negative.
+struct FontMetrics {
+    NSString fontName;
+    CGFloat ascender = 0;
+    CGFloat descender = 0;
+    CGFloat capHeight = 0;
+    CGFloat xHeight = 0;
+};
+
+/// What to lay out and in which room.
+struct TextRequest {
+    static constexpr CGFloat unlimited = std::numeric_limits<CGFloat>::infinity();
+
+    NSString text;
+    Ref<UIFont> font;
+    /// Points. Lines are aligned in the width, or, when it is unlimited, in that of the widest line.
+    CGFloat width = unlimited;
+    /// Points. Only lines that lie whole within the height are laid out, but the first line always is.
+    CGFloat height = unlimited;
+    /// 0 is unlimited.
+    NSUInteger lineLimit = 0;
+    NSLineBreakMode lineBreakMode = NSLineBreakByWordWrapping;
+    NSTextAlignment alignment = NSTextAlignmentNatural;
+};
+
+/// One line of a layout. Points, from the layout's top left corner.
+struct TextLine {
+    /// UTF-16 code units of the text, without a line break. What an ellipsis stands for is included.
+    NSRange range;
+    CGFloat x = 0;
+    CGFloat baseline = 0;
+    CGFloat width = 0;
+    /// Above the baseline and below it, both positive: the font's own, or more where the glyphs of another font that
+    /// had to step in are taller.
+    CGFloat ascent = 0;
+    CGFloat descent = 0;
+
+    CGFloat top() const { return baseline - ascent; }
+    CGFloat bottom() const { return baseline + descent; }
+    friend bool operator==(const TextLine&, const TextLine&) = default;
+};
+
+/// A text broken into lines and placed. Immutable; may be used on any thread.
+///
+/// Indices count UTF-16 code units of the text; those beyond its end mean its end.
+class TextLayout {
+public:
+    virtual ~TextLayout() = default;
+
+    /// The widest line's width and the sum of the lines' heights, not rounded. May be wider than the room where the
+    /// text is clipped.
+    CGSize size() const { return m_size; }
+    const std::vector<TextLine>& lines() const { return m_lines; }
+    /// Whether part of the text is not shown, or is clipped.
+    bool isTruncated() const { return m_truncated; }
+
+    /// Draws with the context's fill colour (colour glyphs keep theirs), the layout's top left corner at `origin`.
+    /// Baselines are put on whole pixels.
+    virtual void drawAtPoint(CGContextRef context, CGPoint origin) const = 0;
+
+    /// @name Places in the text
+    /// A caret position lies between two characters as the reader sees them: never within an accented letter or a
+    /// composed emoji. These are for layouts that are not truncated.
+    /// @{
+    /// The caret position nearest to the point.
+    virtual NSUInteger indexAtPoint(CGPoint point) const = 0;
+    /// The character under the point, or the one nearest to it: what a double tap is meant for.
+    virtual NSUInteger characterAtPoint(CGPoint point) const = 0;
+    /// Where the caret stands before the character at `index`: no width, the line's height.
+    virtual CGRect caretRect(NSUInteger index) const = 0;
+    /// One rectangle or more for every line that the range touches; more where the text changes its direction.
+    virtual std::vector<CGRect> selectionRects(NSRange range) const = 0;
+    /// In reading order; at the ends, the ends.
+    virtual NSUInteger nextIndex(NSUInteger index) const = 0;
+    virtual NSUInteger previousIndex(NSUInteger index) const = 0;
+    /// The caret position to the left or right, as the eye sees it.
+    virtual NSUInteger indexLeftOf(NSUInteger index) const = 0;
+    virtual NSUInteger indexRightOf(NSUInteger index) const = 0;
+    /// The word at `index`; between words, what stands there: one character, or a run of white space.
+    virtual NSRange wordAtIndex(NSUInteger index) const = 0;
+    /// @}
+
+protected:
+    CGSize m_size;
+    std::vector<TextLine> m_lines;
+    bool m_truncated = false;
+};
+
+/// Measures, breaks and draws text. The platform brings one; a host that has its own (a browser) may put it in its
+/// place before anything is drawn. All of it may be called on any thread.
+class TextEngine {
+public:
+    virtual ~TextEngine() = default;
+
+    static TextEngine& current();
+    /// Not kept; null brings the platform's own back.
+    static void setCurrent(TextEngine* engine);
+
+    virtual FontMetrics metrics(const FontFace& face) = 0;
+    /// See `UIFont::fontWithName_size`.
+    virtual std::optional<FontFace> faceNamed(const NSString& name) = 0;
+    /// Never null. There are no lines when the text is nil or empty, the font nil or of size 0, or the room not above
+    /// 0. Layouts asked for again soon are remembered.
+    virtual std::shared_ptr<const TextLayout> layout(const TextRequest& request) = 0;
+    /// Every caret position of the text, 0 and its length included.
+    virtual std::vector<NSUInteger> caretPositions(const NSString& text) = 0;
+};
+
+} // namespace zr

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Application/UIApplication.h>
+#include <ZRPlatform/UIKit/Application/UIApplicationHost.h>
+#include <ZRPlatform/UIKit/Application/UIDevice.h>
+#include <ZRPlatform/UIKit/Application/UIScreen.h>
+#include <ZRPlatform/UIKit/Controls/UIButton.h>
+#include <ZRPlatform/UIKit/Controls/UIControl.h>
+#include <ZRPlatform/UIKit/Controls/UIProgressView.h>
+#include <ZRPlatform/UIKit/Controls/UITextField.h>
+#include <ZRPlatform/UIKit/Controls/UITextInputTraits.h>
+#include <ZRPlatform/UIKit/Events/UIEvent.h>
+#include <ZRPlatform/UIKit/Events/UIResponder.h>
+#include <ZRPlatform/UIKit/Events/UITouch.h>
+#include <ZRPlatform/UIKit/Images/UIColor.h>
+#include <ZRPlatform/UIKit/Images/UIGraphics.h>
+#include <ZRPlatform/UIKit/Images/UIImage.h>
+#include <ZRPlatform/UIKit/Text/NSString+Drawing.h>
+#include <ZRPlatform/UIKit/Text/NSText.h>
+#include <ZRPlatform/UIKit/Text/UIFont.h>
+#include <ZRPlatform/UIKit/Views/UIGeometry.h>
+#include <ZRPlatform/UIKit/Views/UIImageView.h>
+#include <ZRPlatform/UIKit/Views/UILabel.h>
+#include <ZRPlatform/UIKit/Views/UIView.h>
+#include <ZRPlatform/UIKit/Views/UIWindow.h>

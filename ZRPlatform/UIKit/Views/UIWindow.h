@@ -1,0 +1,52 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Views/UIView.h>
+
+namespace zr {
+
+/// Windows are shown in the order of their levels; those of one level in the order in which they were shown.
+using UIWindowLevel = CGFloat;
+inline constexpr UIWindowLevel UIWindowLevelNormal = 0;
+inline constexpr UIWindowLevel UIWindowLevelStatusBar = 1000;
+inline constexpr UIWindowLevel UIWindowLevelAlert = 2000;
+
+inline constexpr const char* UIWindowDidBecomeVisibleNotification = "UIWindowDidBecomeVisibleNotification";
+inline constexpr const char* UIWindowDidBecomeHiddenNotification = "UIWindowDidBecomeHiddenNotification";
+inline constexpr const char* UIWindowDidBecomeKeyNotification = "UIWindowDidBecomeKeyNotification";
+inline constexpr const char* UIWindowDidResignKeyNotification = "UIWindowDidResignKeyNotification";
+
+/// The root of a tree of views, on the screen. Hidden at first; `makeKeyAndVisible` shows it. Its owner keeps it: a
+/// window whose last reference goes leaves the screen.
+///
+/// One window at most is the key window: typing goes to its first responder. When it resigns, hides or goes, the
+/// topmost visible window that was key before becomes key again.
+class UIWindow : public UIView {
+public:
+    ~UIWindow() override;
+    bool initWithFrame(CGRect frame) override;
+
+    UIWindowLevel windowLevel() const { return m_windowLevel; }
+    void setWindowLevel(UIWindowLevel level);
+    bool isKeyWindow() const;
+    virtual void makeKeyAndVisible();
+    virtual void makeKeyWindow();
+    /// Called when the window becomes key. Calling it makes the window key, if it is not, without showing it.
+    virtual void becomeKeyWindow();
+    /// Called when the window stops being key. Calling it makes it stop, if it is key.
+    virtual void resignKeyWindow();
+    void setHidden(bool hidden) override;
+    /// Sends the touches of an event to their views.
+    virtual void sendEvent(UIEvent* event);
+    UIResponder* nextResponder() const override;
+
+    /// The responder in this window that typing goes to while the window is key; nil when there is none.
+    UIResponder* firstResponder() const { return m_firstResponder.get(); }
+
+private:
+    friend class UIResponder;
+
+    Weak<UIResponder> m_firstResponder;
+    UIWindowLevel m_windowLevel = UIWindowLevelNormal;
+};
+
+} // namespace zr
