@@ -8,7 +8,7 @@ namespace zr {
 Ref<UIImage> ZRImage::shadowImageFromColors_size(const std::vector<Ref<UIColor>>& colors, CGSize size) {
     std::vector<Ref<CGColor>> stops;
     for (const Ref<UIColor>& color : colors) {
-        if (color)
+        if (color && color->cgColor())
             stops.push_back(color->cgColor());
     }
     if (stops.empty())

@@ -4,6 +4,8 @@
 #include <ZRPlatform/UIKit/Application/UIDevice.h>
 #include <ZRPlatform/UIKit/Application/UIScreen.h>
 
+#include <algorithm>
+
 namespace zr {
 
 namespace {
@@ -35,8 +37,10 @@ bool ZRBaseAlert::initWithDelegate_cancelButtonTitle_okButtonTitles(Delegate<ZRT
     makeWindow();
     makeBackground();
     setCancelButtonIndex(0);
-    m_backgroundAlert->setFrame(calculateAlertViewFrame());
-    addSubview(m_backgroundAlert);
+    if (m_backgroundAlert) {
+        m_backgroundAlert->setFrame(calculateAlertViewFrame());
+        addSubview(m_backgroundAlert);
+    }
     makeButtons();
     return true;
 }
@@ -74,25 +78,29 @@ Ref<ZRTAlertViewButton> ZRBaseAlert::makeButton(CGRect frame, const NSString& ti
     button->setTitle(title);
     button->setTag(tag);
     button->addTarget_action_forControlEvents(this, selector<&ZRBaseAlert::buttonClicked>, UIControlEventTouchUpInside);
-    m_backgroundAlert->addSubview(button);
+    if (m_backgroundAlert)
+        m_backgroundAlert->addSubview(button);
     return button;
 }
 
 // Presentation
 
 void ZRBaseAlert::showInView_animation(UIView* view, bool animated) {
-    if (view)
-        m_superView = view;
+    const Ref<ZRBaseAlert> self(this); // whoever hears of the new key window may drop the alert
+    m_superView = view == this ? nullptr : view;
+    // A dismissal leaves the panel small; in a host view the alert can be shown again, and frames are set at scale 1.
+    if (m_backgroundAlert)
+        m_backgroundAlert->setTransform(CGAffineTransformIdentity);
     layoutAletViewAndButtons();
     UIView::beginAnimations_context(nullptr, nullptr);
     UIView::setAnimationDuration(animated ? kAnimationDuration : 0);
     if (m_superView) {
         m_superView->addSubview(this);
-    } else if (m_backgroundWindow) {
-        m_backgroundWindow->addSubview(this);
-        m_backgroundWindow->makeKeyAndVisible();
-        m_backgroundWindow->becomeKeyWindow();
-        m_backgroundWindow->setAlpha(1);
+    } else if (const Ref<UIWindow> window = m_backgroundWindow) {
+        window->addSubview(this);
+        window->makeKeyAndVisible();
+        window->becomeKeyWindow();
+        window->setAlpha(1);
     }
     if (animated && m_backgroundAlert) {
         // Each starts where the one before it ended, and takes its place: the panel is seen to grow from 0.9 to 1.
@@ -102,7 +110,10 @@ void ZRBaseAlert::showInView_animation(UIView* view, bool animated) {
     UIView::commitAnimations();
 }
 
-void ZRBaseAlert::showWithAnimation(bool animated) { showInView_animation(nullptr, animated); }
+void ZRBaseAlert::showWithAnimation(bool animated) {
+    const Ref<ZRBaseAlert> self(this);
+    showInView_animation(nullptr, animated);
+}
 
 void ZRBaseAlert::dismissAlertView() { dismissWithButtonIndex_animated(cancelButtonIndex(), true); }
 
@@ -123,19 +134,25 @@ void ZRBaseAlert::dismissWithButtonIndex_animated(NSInteger index, bool animated
 }
 
 void ZRBaseAlert::tellDelegateOfDismissal(NSInteger index) {
+    // A delegate that answers a dismissal with the same one would hear of it without end.
+    if (std::find(m_indicesBeingTold.begin(), m_indicesBeingTold.end(), index) != m_indicesBeingTold.end())
+        return;
+    m_indicesBeingTold.push_back(index);
     // Either message may drop the delegate, and the first may set another one.
     if (const Ref<NSObject> kept = m_delegate.object(); kept && index == m_cancelButtonIndex)
         m_delegate->zrTAlertViewCancelButtonClicked(this);
     if (const Ref<NSObject> kept = m_delegate.object())
         m_delegate->zrTAlertView_clickedButtonAtIndex(this, index);
+    m_indicesBeingTold.pop_back();
 }
 
-/// Two dismissals may overlap, so this may run a second time, with nothing left to do.
+/// Two dismissals may overlap, so this may run a second time, with nothing left to do; and the alert may have been
+/// shown elsewhere since the dismissal began, which takes it from there too. A window that is not on the screen stays
+/// after a dismissal from a host view, for later.
 void ZRBaseAlert::finishDismissal(UIView* hostView) {
     removeFromSuperview();
-    if (hostView) {
-        m_superView = nullptr;
-    } else if (m_backgroundWindow) {
+    m_superView = nullptr;
+    if (m_backgroundWindow && (!hostView || !m_backgroundWindow->isHidden())) {
         m_backgroundWindow->resignKeyWindow();
         m_backgroundWindow = nullptr;
     }
@@ -144,12 +161,8 @@ void ZRBaseAlert::finishDismissal(UIView* hostView) {
 // Layout
 
 void ZRBaseAlert::layoutAletViewAndButtons() {
-    if (m_backgroundAlert) {
-        // A dismissal leaves the panel small; in a host view the alert can be shown again, and frames are set at
-        // scale 1.
-        m_backgroundAlert->setTransform(CGAffineTransformIdentity);
+    if (m_backgroundAlert)
         m_backgroundAlert->setFrame(calculateAlertViewFrame());
-    }
     if (m_cancelButton)
         m_cancelButton->setFrame(calculateCancelButtonFrame());
     if (m_okButton)

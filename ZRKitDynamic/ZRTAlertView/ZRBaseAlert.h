@@ -4,6 +4,8 @@
 #include <ZRKitDynamic/ZRTAlertView/ZRTAlertViewDelegate.h>
 #include <ZRPlatform/UIKit/Views/UIWindow.h>
 
+#include <vector>
+
 namespace zr {
 
 /// What every overlay of the kit is built on: a dimmed screen, a rounded panel a little above the middle, and up to two
@@ -60,17 +62,18 @@ public:
 
     /// @name Presentation
     /// @{
-    /// Shows the alert in `view`, or in its own window when that is nil. Animated, the panel grows to its size within
-    /// 0.3 s; the dimming is there at once.
+    /// Shows the alert in `view`, or in its own window when that is nil or the alert itself, wherever it was before.
+    /// Animated, the panel grows to its size within 0.3 s; the dimming is there at once.
     virtual void showInView_animation(UIView* view, bool animated);
     /// In its own window.
     virtual void showWithAnimation(bool animated);
     /// With `cancelButtonIndex`, animated.
     virtual void dismissAlertView();
-    /// With `cancelButtonIndex`, gone in the next turn of the run loop.
+    /// With `cancelButtonIndex`, not animated: gone in the next turn of the run loop, before the next frame.
     virtual void dismissAlertViewWithoutAnimation();
     /// Tells the delegate, then hides the alert and takes it off the screen. Animated, the panel shrinks within 0.3 s,
-    /// and the alert's own window fades with it. Each call tells the delegate, one during a running dismissal too.
+    /// and the alert's own window fades with it. Each call tells the delegate, one during a running dismissal too; not
+    /// one that the delegate makes while it is told of the same index.
     virtual void dismissWithButtonIndex_animated(NSInteger index, bool animated);
     /// @}
 
@@ -121,6 +124,8 @@ private:
     NSString m_cancelTitle;
     NSString m_okTitle;
     CGSize m_alertViewSize;
+    /// More than one when the delegate dismisses again, with another index, while it is told.
+    std::vector<NSInteger> m_indicesBeingTold;
 };
 
 } // namespace zr

@@ -42,7 +42,7 @@ ZRTAlertView::~ZRTAlertView() = default;
 bool ZRTAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles(
     const NSString& title, const NSString& message, Delegate<ZRTAlertViewDelegate> delegate,
     const NSString& cancelTitle, const NSString& okTitle) {
-    if (!initWithDelegate_cancelButtonTitle_okButtonTitles(delegate, cancelTitle, okTitle))
+    if (!ZRBaseAlert::initWithDelegate_cancelButtonTitle_okButtonTitles(delegate, cancelTitle, okTitle))
         return false;
     setTitle(title);
     setMessage(message);
@@ -137,6 +137,8 @@ void ZRTAlertView::createTextFieldAlertView() {
             field->setSecureTextEntry(true);
         setTextField(field);
     }
+    if (!m_textField)
+        return; // a subclass has its own idea of what to do with it
     m_textField->setPlaceholder(m_detailMessage);
     addToPanel(m_textField);
 }
@@ -150,6 +152,7 @@ void ZRTAlertView::createDetailMessageLabel() {
 }
 
 void ZRTAlertView::addToPanel(UIView* view) {
+    const Ref<UIView> kept(view); // a text field that leaves the panel tells its delegate, which may drop it
     view->removeFromSuperview();
     if (backgroundAlert())
         backgroundAlert()->addSubview(view);
@@ -189,6 +192,7 @@ void ZRTAlertView::setRotationImage(UIImage* image) {
 // Presentation
 
 void ZRTAlertView::showInView_animation(UIView* view, bool animated) {
+    const Ref<ZRTAlertView> self(this); // the field's own delegate may drop the alert
     reLayoutSubviews();
     ZRBaseAlert::showInView_animation(view, animated);
     makeRoomAndFocusTextField(animated);
@@ -197,6 +201,7 @@ void ZRTAlertView::showInView_animation(UIView* view, bool animated) {
 /// The superclass's shows through `showInView_animation`, so the steps around it run twice; the second time they find
 /// everything in place.
 void ZRTAlertView::showWithAnimation(bool animated) {
+    const Ref<ZRTAlertView> self(this);
     reLayoutSubviews();
     ZRBaseAlert::showWithAnimation(animated);
     makeRoomAndFocusTextField(animated);
@@ -204,16 +209,16 @@ void ZRTAlertView::showWithAnimation(bool animated) {
 
 void ZRTAlertView::makeRoomAndFocusTextField(bool animated) {
     UIView::animateWithDuration_animations(animated ? kAnimationDuration : 0, [this] { fixAlertViewFrame(); });
-    if (m_textField)
-        m_textField->becomeFirstResponder();
+    if (const Ref<UITextField> field = m_textField)
+        field->becomeFirstResponder();
 }
 
 void ZRTAlertView::dismissAlertView() { dismissWithButtonIndex_animated(cancelButtonIndex(), true); }
 
 void ZRTAlertView::dismissWithButtonIndex_animated(NSInteger index, bool animated) {
     const Ref<ZRTAlertView> self(this); // the field's own delegate may drop the alert
-    if (m_textField)
-        m_textField->resignFirstResponder();
+    if (const Ref<UITextField> field = m_textField)
+        field->resignFirstResponder();
     ZRBaseAlert::dismissWithButtonIndex_animated(index, animated);
 }
 
@@ -341,7 +346,7 @@ void ZRTAlertView::fixAlertViewFrame() {
         return;
     const CGFloat screenHeight = UIScreen::mainScreen()->bounds().size.height;
     const CGFloat overflow = CGRectGetMaxY(backgroundAlert()->frame()) + kKeyboardRoom - screenHeight;
-    if (overflow <= 0)
+    if (!(overflow > 0)) // nor where a size is no number
         return;
     const CGPoint center = backgroundAlert()->center();
     backgroundAlert()->setCenter(CGPointMake(center.x, center.y - overflow));

@@ -42,6 +42,15 @@ void ZRTAlertViewButton::setTitle(const NSString& title) {
 
 void ZRTAlertViewButton::setFrame(CGRect frame) {
     UIControl::setFrame(frame);
+    layOutTitle();
+}
+
+void ZRTAlertViewButton::setBounds(CGRect bounds) {
+    UIControl::setBounds(bounds);
+    layOutTitle();
+}
+
+void ZRTAlertViewButton::layOutTitle() {
     if (m_titleLabel)
         m_titleLabel->setFrame(bounds());
 }

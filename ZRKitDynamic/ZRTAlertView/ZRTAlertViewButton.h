@@ -21,11 +21,14 @@ public:
 
     /// The title always covers the whole button.
     void setFrame(CGRect frame) override;
+    void setBounds(CGRect bounds) override;
 
     void setEnabled(bool enabled) override;
     void setHighlighted(bool highlighted) override;
 
 private:
+    void layOutTitle();
+
     NSString m_title;
     Ref<UILabel> m_titleLabel;
 };

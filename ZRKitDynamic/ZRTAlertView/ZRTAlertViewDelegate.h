@@ -7,6 +7,9 @@ namespace zr {
 class ZRBaseAlert;
 
 /// Told when an alert is dismissed, by a button or by code, before the alert leaves the screen.
+///
+/// It need not dismiss the alert: that goes on once it was told. One that does is not told again of the index that it
+/// is just hearing of.
 class ZRTAlertViewDelegate {
 public:
     virtual ~ZRTAlertViewDelegate() = default;

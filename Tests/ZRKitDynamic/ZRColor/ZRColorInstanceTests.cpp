@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <latch>
 #include <thread>
 #include <vector>
 
@@ -69,9 +70,13 @@ TEST(ZRColorInstance, IsOneAndCountsNoReferences) {
 
 TEST(ZRColorInstance, IsTheSameForThreadsThatAskAtOnce) {
     std::array<ZRColorInstance*, 8> seen{};
+    std::latch start(static_cast<std::ptrdiff_t>(seen.size()));
     std::vector<std::thread> threads;
     for (ZRColorInstance*& slot : seen)
-        threads.emplace_back([&slot] { slot = ZRColorInstance::Instance(); });
+        threads.emplace_back([&slot, &start] {
+            start.arrive_and_wait();
+            slot = ZRColorInstance::Instance();
+        });
     for (std::thread& thread : threads)
         thread.join();
     for (const ZRColorInstance* instance : seen)

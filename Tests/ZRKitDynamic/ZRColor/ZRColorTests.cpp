@@ -39,6 +39,15 @@ TEST(ZRColor, ReadsBackTheComponentsOfAnOpaqueColor) {
     EXPECT_EQ(componentsOf(ZRColor::zrColorWithRed_green_blue_alpha(1, 2, 254, 1)), (Components{1, 2, 254}));
 }
 
+TEST(ZRColor, ReadsComponentsBeyondTheirRangeAsItsEnds) {
+    EXPECT_EQ(componentsOf(ZRColor::zrColorWithRed_green_blue_alpha(300, -51, 0, 1)), (Components{255, 0, 0}));
+}
+
+TEST(ZRColor, ReadsAPatternOfNothingAsBlack) {
+    const auto nothing = ZRColor::shadowColorFromColors_size({}, CGSizeMake(7, 11));
+    EXPECT_EQ(componentsOf(nothing), (Components{0, 0, 0}));
+}
+
 TEST(ZRColor, ReadsBackGreys) {
     EXPECT_EQ(componentsOf(UIColor::whiteColor()), (Components{255, 255, 255}));
     EXPECT_EQ(componentsOf(UIColor::blackColor()), (Components{0, 0, 0}));

@@ -81,6 +81,23 @@ TEST(ZRImageShadow, LeavesNilColorsOut) {
     EXPECT_EQ(pixelOf(image, 1, 1), (FramePixel{255, 0, 0}));
 }
 
+TEST(ZRImageShadow, LeavesColorsWithoutAValueOut) {
+    const auto valueless = make<UIColor>();
+    ASSERT_FALSE(valueless->cgColor());
+    EXPECT_FALSE(ZRImage::shadowImageFromColors_size({valueless}, {2, 2}));
+    const auto image = ZRImage::shadowImageFromColors_size({valueless, UIColor::redColor(), valueless}, {2, 2});
+    ASSERT_TRUE(image);
+    EXPECT_EQ(pixelOf(image, 0, 0), (FramePixel{255, 0, 0}));
+    EXPECT_EQ(pixelOf(image, 1, 1), (FramePixel{255, 0, 0}));
+}
+
+TEST(ZRImageShadow, GoesOnBeyondItsEnd) {
+    const auto image = ZRImage::shadowImageFromColors_size({UIColor::redColor(), UIColor::greenColor()}, {1, 10.2});
+    ASSERT_TRUE(image);
+    ASSERT_EQ(CGImageGetHeight(image->CGImage()), 11u);
+    EXPECT_EQ(pixelOf(image, 0, 10), (FramePixel{0, 255, 0}));
+}
+
 TEST(ZRImageShadow, LeavesTheColorsTheirColorSpaces) {
     const auto color = ZRColor::zrColorWithRed_green_blue_alpha(0, 195, 64, 1);
     const CGColorSpaceRef space = CGColorGetColorSpace(color->cgColor());

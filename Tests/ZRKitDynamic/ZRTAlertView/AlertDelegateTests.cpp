@@ -174,6 +174,58 @@ TEST(AlertDelegate, MayDropTheAlertWhileItIsTold) {
     EXPECT_TRUE(host.application()->windows().empty());
 }
 
+TEST(AlertDelegate, MayGoWhileItIsToldOfATap) {
+    HeadlessHost host;
+    auto delegate = make<AlertDelegate>();
+    const Weak<AlertDelegate> weak = delegate;
+    const auto alert = makeBaseAlert(delegate, "Cancel", "OK");
+    alert->showWithAnimation(false);
+    host.advance(0);
+    bool aliveAfterDropping = false;
+    delegate->onClick = [&] {
+        delegate = nullptr;
+        aliveAfterDropping = weak.get();
+    };
+    host.tap(middleOnScreen(alert->okButton()));
+    EXPECT_TRUE(aliveAfterDropping) << "until its message returns";
+    EXPECT_FALSE(weak.get());
+    host.advance(0.3);
+    EXPECT_FALSE(alert->superview());
+}
+
+TEST(AlertDelegate, MayDismissTheAlertWhileItIsTold) {
+    HeadlessHost host;
+    const auto window = showWindow(UIColor::whiteColor());
+    const auto delegate = make<AlertDelegate>();
+    const auto alert = makeBaseAlert(delegate, "Cancel", "OK");
+    alert->showWithAnimation(false);
+    host.advance(0);
+    delegate->onCancel = [&] { alert->dismissAlertViewWithoutAnimation(); };
+    delegate->onClick = [&] { alert->dismissWithButtonIndex_animated(0, false); };
+    host.tap(middleOnScreen(alert->cancelButton()));
+    EXPECT_EQ(delegate->messages, (Messages{"cancel", "clicked 0"}));
+    host.advance(0);
+    EXPECT_FALSE(alert->superview()) << "it asked for no animation";
+    host.advance(0.3);
+    EXPECT_EQ(host.application()->windows(), std::vector<UIWindow*>{window});
+    alert->dismissAlertView();
+    EXPECT_EQ(delegate->messages.size(), 4u) << "a later dismissal is told again";
+    host.advance(0.3);
+}
+
+TEST(AlertDelegate, HearsOfAnotherIndexThatItDismissesWithWhileItIsTold) {
+    HeadlessHost host;
+    const auto delegate = make<AlertDelegate>();
+    const auto alert = makeBaseAlert(delegate, "Cancel", "OK");
+    delegate->onClick = [&] {
+        alert->dismissWithButtonIndex_animated(1, true);
+        alert->dismissWithButtonIndex_animated(0, true);
+    };
+    alert->dismissAlertView();
+    EXPECT_EQ(delegate->messages, (Messages{"cancel", "clicked 0", "clicked 1"}));
+    host.advance(0.3);
+}
+
 TEST(AlertDelegate, MayShowTheNextAlertWhileItIsTold) {
     HeadlessHost host;
     const auto delegate = make<AlertDelegate>();

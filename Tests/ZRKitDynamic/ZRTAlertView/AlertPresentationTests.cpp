@@ -251,6 +251,18 @@ TEST(AlertDismissal, OfAnAlertNeverShownTellsTheDelegateAndEnds) {
 
 // In a host view
 
+TEST(AlertInHostView, GoesByTheHostsFrame) {
+    HeadlessHost host;
+    const auto window = showWindow(UIColor::whiteColor());
+    const auto view = addHostView(window, CGRectMake(0, 0, 300, 600));
+    view->setTransform(CGAffineTransformMakeScale(0.5, 0.5));
+    const auto alert = makeBaseAlert();
+    alert->showInView_animation(view, false);
+    EXPECT_EQ(alert->getSuperViewSize(), CGSizeMake(150, 300));
+    EXPECT_EQ(alert->backgroundAlert()->frame(), CGRectMake(-60, 95, 270, 70));
+    endAlert(host, alert);
+}
+
 TEST(AlertInHostView, IsCenteredOnTheHost) {
     HeadlessHost host;
     const auto window = showWindow(UIColor::whiteColor());
@@ -341,6 +353,75 @@ TEST(AlertInHostView, ThenInItsOwnWindow) {
     EXPECT_EQ(own->alpha(), 1);
     EXPECT_TRUE(own->isKeyWindow());
     endAlert(host, alert);
+}
+
+TEST(AlertInHostView, TakenOffByHandItGoesToItsOwnWindow) {
+    HeadlessHost host;
+    const auto window = showWindow(UIColor::whiteColor());
+    auto view = addHostView(window, CGRectMake(20, 40, 335, 500));
+    const Weak<UIView> weak = view;
+    const auto alert = makeBaseAlert();
+    alert->showInView_animation(view, false);
+    alert->removeFromSuperview();
+    UIWindow* own = showAndGetWindow(alert);
+    ASSERT_TRUE(own);
+    EXPECT_NE(own, window.get());
+    EXPECT_TRUE(own->isKeyWindow());
+    EXPECT_EQ(alert->getSuperViewSize(), CGSizeMake(375, 667));
+    EXPECT_EQ(alert->backgroundAlert()->frame(), CGRectMake(52.5, 278.5, 270, 70));
+    view->removeFromSuperview();
+    view = nullptr;
+    EXPECT_FALSE(weak.get()) << "no longer the alert's host";
+    endAlert(host, alert);
+    EXPECT_EQ(host.application()->windows(), std::vector<UIWindow*>{window});
+}
+
+TEST(AlertInHostView, ThatIsTheAlertItselfIsItsOwnWindow) {
+    HeadlessHost host;
+    auto alert = makeBaseAlert();
+    const Weak<ZRBaseAlert> weak = alert;
+    alert->showInView_animation(alert, false);
+    ASSERT_TRUE(alert->window());
+    EXPECT_EQ(alert->superview(), alert->window());
+    EXPECT_TRUE(alert->window()->isKeyWindow());
+    endAlert(host, alert);
+    alert = nullptr;
+    EXPECT_FALSE(weak.get());
+}
+
+TEST(AlertInHostView, ShownThereWhileItsWindowFadesLetsTheHostGoAtTheEnd) {
+    HeadlessHost host;
+    const auto window = showWindow(UIColor::whiteColor());
+    auto view = addHostView(window, CGRectMake(20, 40, 335, 500));
+    const Weak<UIView> weak = view;
+    const auto alert = makeBaseAlert();
+    alert->showWithAnimation(false);
+    host.advance(0);
+    alert->dismissAlertView();
+    host.advance(0.1);
+    alert->showInView_animation(view, false);
+    host.advance(0.2);
+    EXPECT_FALSE(alert->superview());
+    EXPECT_EQ(alert->getSuperViewSize(), CGSizeMake(375, 667));
+    view->removeFromSuperview();
+    view = nullptr;
+    EXPECT_FALSE(weak.get());
+    EXPECT_EQ(host.application()->windows(), std::vector<UIWindow*>{window});
+}
+
+TEST(AlertInHostView, ShownInItsWindowWhileThePanelShrinksLeavesNoWindow) {
+    HeadlessHost host;
+    const auto window = showWindow(UIColor::whiteColor());
+    const auto alert = makeBaseAlert();
+    alert->showInView_animation(window, false);
+    host.advance(0);
+    alert->dismissAlertView();
+    host.advance(0.1);
+    ASSERT_TRUE(showAndGetWindow(alert));
+    host.advance(0.2);
+    EXPECT_FALSE(alert->superview());
+    EXPECT_TRUE(window->isKeyWindow());
+    EXPECT_EQ(host.application()->windows(), std::vector<UIWindow*>{window});
 }
 
 // Who keeps whom

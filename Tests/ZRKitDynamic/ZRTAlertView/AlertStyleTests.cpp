@@ -43,7 +43,7 @@ TEST(AlertStyle, NumbersAreFixed) {
     EXPECT_EQ(sizeof(ZRTAlertViewStyle), 4u);
 }
 
-TEST(AlertStyle, AddsWhatTheTableSays) {
+TEST(AlertStyle, AddsTheViewsOfItsStyle) {
     const HeadlessHost host;
     const struct {
         std::int32_t style;
@@ -114,6 +114,15 @@ TEST(AlertStyle, CheckBoxIsTickedByTaps) {
     EXPECT_TRUE(delegate->messages.empty());
     EXPECT_TRUE(alert->superview());
     endAlert(host, alert);
+}
+
+TEST(AlertStyle, ANewCheckBoxIsNotTickedWhateverTheFlag) {
+    const HeadlessHost host;
+    const auto alert = makeAlert("Title", "Message");
+    alert->setCheckBoxSelected(true);
+    alert->alertViewStyle_detailMessage(ZRTAlertViewStyleCheckBox, "Do not ask again");
+    EXPECT_FALSE(checkBoxOf(alert)->isSelected());
+    EXPECT_TRUE(alert->checkBoxSelected());
 }
 
 TEST(AlertStyle, CheckBoxWithoutCaptionLeavesEvenAnOldCaptionAlone) {

@@ -1,5 +1,8 @@
 #include <Tests/ZRKitDynamic/ZRTAlertView/AlertViewTesting.h>
 
+#include <cmath>
+#include <limits>
+
 // Where everything on an alert's panel lies.
 
 namespace zr::testing {
@@ -35,6 +38,14 @@ TEST(AlertViewLayout, TitleFrameDependsOnThePanelOnly) {
     EXPECT_EQ(alert->calculateTitleLabelFrame(nullptr), CGRectMake(5, 7, 260, 45));
     alert->setAlertViewSize(CGSizeMake(200, 300));
     EXPECT_EQ(alert->calculateTitleLabelFrame("Title"), CGRectMake(5, 7, 190, 45));
+}
+
+TEST(AlertViewLayout, LayingOutPlacesTheTitle) {
+    const HeadlessHost host;
+    const auto alert = makeAlert("Title", "Message");
+    alert->setAlertViewSize(CGSizeMake(200, 300));
+    alert->reLayoutSubviews();
+    EXPECT_EQ(alert->titleLabel()->frame(), CGRectMake(5, 7, 190, 45));
 }
 
 TEST(AlertViewLayout, MessageFrameFollowsItsText) {
@@ -363,6 +374,39 @@ TEST(AlertViewLayout, TextFieldWithoutLabelsStartsAt5) {
     EXPECT_EQ(alert->textField()->frame(), CGRectMake(20, 5, 230, 30));
 }
 
+// A panel that is not as wide as usual
+
+TEST(AlertViewLayout, StylesFollowThePanelsWidth) {
+    const HeadlessHost host;
+    const auto narrowAlert = [](std::int32_t style) {
+        auto alert = makeAlert("Title", nullptr);
+        alert->setAlertViewSize(CGSizeMake(200, 300));
+        alert->setRotationImage(imageOfSize(50, 50));
+        alert->alertViewStyle_detailMessage(style, "A caption too long for 160 points");
+        alert->reLayoutSubviews();
+        return alert;
+    };
+    const auto box = narrowAlert(ZRTAlertViewStyleCheckBox);
+    const CGFloat textWidth = measuredWidth("A caption too long for 160 points", 200);
+    ASSERT_LE(textWidth, 160);
+    ASSERT_NE(textWidth, measuredWidth("A caption too long for 160 points"));
+    const CGFloat x = (200 - textWidth) * 0.5 + 15;
+    EXPECT_EQ(captionOf(box)->frame(), CGRectMake(x, 62, textWidth, 30));
+    EXPECT_EQ(checkBoxOf(box)->frame(), CGRectMake(x - 32, 62, 30, 30));
+
+    const auto bar = narrowAlert(ZRTAlertViewStyleProgress);
+    EXPECT_EQ(barOf(bar)->frame().origin, CGPointMake(20, 62));
+    EXPECT_EQ(barOf(bar)->frame().size.width, 160);
+    EXPECT_EQ(captionOf(bar)->frame(), CGRectMake(20, CGRectGetMaxY(barOf(bar)->frame()), 160, 30));
+
+    const auto picture = narrowAlert(ZRTAlertViewStyleRotation);
+    EXPECT_EQ(pictureOf(picture)->frame(), CGRectMake(75, 62, 50, 50));
+    EXPECT_EQ(captionOf(picture)->frame(), CGRectMake(20, 112, 160, 30));
+
+    for (const std::int32_t style : {ZRTAlertViewStyleTextField, ZRTAlertViewStyleSecureTextField})
+        EXPECT_EQ(narrowAlert(style)->textField()->frame(), CGRectMake(20, 57, 160, 30)) << style;
+}
+
 // Room for the keyboard
 
 TEST(AlertViewKeyboard, PanelMovesUpByWhatIsMissing) {
@@ -429,6 +473,18 @@ TEST(AlertViewKeyboard, ExactlyEnoughRoomIsEnough) {
     alert->backgroundAlert()->setFrame(CGRectMake(52, 301, 270, 117));
     alert->fixAlertViewFrame();
     EXPECT_EQ(alert->backgroundAlert()->frame(), CGRectMake(52, 300, 270, 117));
+}
+
+TEST(AlertViewKeyboard, APanelWhoseEndIsNoNumberStays) {
+    const HeadlessHost host;
+    const auto alert = makeAlert("Title", nullptr);
+    alert->alertViewStyle_detailMessage(ZRTAlertViewStyleTextField, "Name");
+    UIView* panel = alert->backgroundAlert();
+    panel->setCenter(CGPointMake(187, 300));
+    panel->setBounds(CGRectMake(0, 0, 270, std::numeric_limits<CGFloat>::quiet_NaN()));
+    ASSERT_TRUE(std::isnan(CGRectGetMaxY(panel->frame())));
+    alert->fixAlertViewFrame();
+    EXPECT_EQ(panel->center(), CGPointMake(187, 300));
 }
 
 TEST(AlertViewKeyboard, WithoutTextFieldNothingMoves) {

@@ -110,7 +110,42 @@ TEST(ZRBaseAlert, PropertiesAreReadAndWritten) {
     EXPECT_EQ(alert->backgroundAlert(), view.get());
 }
 
+TEST(ZRBaseAlert, KeepsItsObjects) {
+    const HeadlessHost host;
+    const auto alert = makeBaseAlert();
+    const auto cancel = make<ZRTAlertViewButton>();
+    const auto ok = make<ZRTAlertViewButton>();
+    const auto panel = make<UIView>();
+    const auto dimming = make<UIView>();
+    const auto expectCounts = [&](NSUInteger count) {
+        EXPECT_EQ(cancel->retainCount(), count);
+        EXPECT_EQ(ok->retainCount(), count);
+        EXPECT_EQ(panel->retainCount(), count);
+        EXPECT_EQ(dimming->retainCount(), count);
+    };
+    alert->setCancelButton(cancel);
+    alert->setOkButton(ok);
+    alert->setBackgroundAlert(panel);
+    alert->setBackgroundView(dimming);
+    expectCounts(2);
+    alert->setCancelButton(nullptr);
+    alert->setOkButton(nullptr);
+    alert->setBackgroundAlert(nullptr);
+    alert->setBackgroundView(nullptr);
+    expectCounts(1);
+}
+
 // Layout
+
+TEST(ZRBaseAlert, LayingOutSetsFramesOnly) {
+    const HeadlessHost host;
+    const auto alert = makeBaseAlert();
+    const CGAffineTransform half = CGAffineTransformMakeScale(0.5, 0.5);
+    alert->backgroundAlert()->setTransform(half);
+    alert->layoutAletViewAndButtons();
+    EXPECT_EQ(alert->backgroundAlert()->transform(), half);
+    EXPECT_EQ(alert->backgroundAlert()->frame(), CGRectMake(52.5, 278.5, 270, 70));
+}
 
 TEST(ZRBaseAlert, DefaultSizeIs50LessThanANarrowScreen) {
     const struct { CGFloat screen, panel; } cases[] = {{300, 250}, {320, 270}, {321, 270}, {375, 270}, {414, 270}};

@@ -91,6 +91,15 @@ TEST(ZRTAlertViewButton, ResizingTakesTheTitleAlong) {
     EXPECT_EQ(labelOf(button)->frame(), CGRectMake(0, 0, 300, 60));
 }
 
+TEST(ZRTAlertViewButton, NewBoundsTakeTheTitleAlong) {
+    const HeadlessHost host;
+    const auto button = makeButton();
+    button->setBounds(CGRectMake(0, 0, 300, 60));
+    EXPECT_EQ(labelOf(button)->frame(), CGRectMake(0, 0, 300, 60));
+    button->setBounds(CGRectMake(10, 20, 90, 30));
+    EXPECT_EQ(labelOf(button)->frame(), CGRectMake(10, 20, 90, 30));
+}
+
 TEST(ZRTAlertViewButton, DisablingAndEnablingRecolors) {
     const HeadlessHost host;
     const auto button = makeButton();

@@ -87,6 +87,78 @@ TEST(ZRTAlertView, PlacesThePanelWhenMade) {
     EXPECT_EQ(alert->subviews().size(), 2u);
 }
 
+TEST(ZRTAlertView, MakingTheLabelsBringsThePanelToTheFront) {
+    const HeadlessHost host;
+    const auto alert = makeAlert(nullptr, nullptr);
+    const auto view = make<UIView>();
+    alert->addSubview(view);
+    ASSERT_EQ(alert->subviews().back(), view);
+    alert->initViews();
+    EXPECT_EQ(alert->subviews().back(), alert->backgroundAlert());
+    EXPECT_EQ(alert->subviews().size(), 3u);
+}
+
+namespace {
+
+/// Counts the setters it is sent, and the initialiser of its superclass.
+class SetterCountingAlert : public ZRTAlertView {
+public:
+    bool initWithDelegate_cancelButtonTitle_okButtonTitles(Delegate<ZRTAlertViewDelegate> delegate,
+                                                           const NSString& cancelTitle,
+                                                           const NSString& okTitle) override {
+        ++baseInits;
+        return ZRTAlertView::initWithDelegate_cancelButtonTitle_okButtonTitles(delegate, cancelTitle, okTitle);
+    }
+    void setDetailMessage(const NSString& detailMessage) override {
+        ++detailMessages;
+        ZRTAlertView::setDetailMessage(detailMessage);
+    }
+    void setAlertViewStyle(std::int32_t style) override {
+        ++styles;
+        ZRTAlertView::setAlertViewStyle(style);
+    }
+    void setCheckBoxSelected(bool selected) override {
+        ticks.push_back(selected);
+        ZRTAlertView::setCheckBoxSelected(selected);
+    }
+    int baseInits = 0;
+    int detailMessages = 0;
+    int styles = 0;
+    std::vector<bool> ticks;
+};
+
+Ref<SetterCountingAlert> makeSetterCountingAlert() {
+    return make<SetterCountingAlert>(
+        &SetterCountingAlert::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles, "Title", "Message",
+        nullptr, "Cancel", "OK");
+}
+
+} // namespace
+
+TEST(ZRTAlertView, IsMadeByItsOwnSuperclass) {
+    const HeadlessHost host;
+    const auto alert = makeSetterCountingAlert();
+    EXPECT_EQ(alert->baseInits, 0) << "the other way to make an alert is a subclass's own";
+    EXPECT_EQ(alert->okTitle(), NSString("OK"));
+}
+
+TEST(ZRTAlertView, ChoosingAStyleSetsTheDetailMessageButStoresTheStyleDirectly) {
+    const HeadlessHost host;
+    const auto alert = makeSetterCountingAlert();
+    alert->alertViewStyle_detailMessage(ZRTAlertViewStyleProgress, "10 %");
+    EXPECT_EQ(alert->detailMessages, 1);
+    EXPECT_EQ(alert->styles, 0);
+    EXPECT_EQ(alert->alertViewStyle(), ZRTAlertViewStyleProgress);
+}
+
+TEST(ZRTAlertView, AClickOnTheBoxSetsTheFlagThroughItsSetter) {
+    const HeadlessHost host;
+    const auto alert = makeSetterCountingAlert();
+    alert->checkBoxButtonClicked(nullptr);
+    alert->checkBoxButtonClicked(nullptr);
+    EXPECT_EQ(alert->ticks, (std::vector<bool>{true, false}));
+}
+
 // Properties
 
 TEST(ZRTAlertView, PlainPropertiesOnlyStore) {
@@ -115,6 +187,35 @@ TEST(ZRTAlertView, PlainPropertiesOnlyStore) {
     EXPECT_EQ(alert->messageLabel(), nullptr);
     alert->setTextField(field);
     EXPECT_EQ(alert->textField(), field.get());
+}
+
+TEST(ZRTAlertView, KeepsItsObjects) {
+    const HeadlessHost host;
+    const auto alert = makeAlert(nullptr, nullptr);
+    const auto title = make<UILabel>();
+    const auto message = make<UILabel>();
+    const auto field = make<UITextField>();
+    const auto password = make<UITextField>();
+    const auto image = imageOfSize(30, 30);
+    const auto expectCounts = [&](NSUInteger count) {
+        EXPECT_EQ(title->retainCount(), count);
+        EXPECT_EQ(message->retainCount(), count);
+        EXPECT_EQ(field->retainCount(), count);
+        EXPECT_EQ(password->retainCount(), count);
+        EXPECT_EQ(image->retainCount(), count);
+    };
+    alert->setTitleLabel(title);
+    alert->setMessageLabel(message);
+    alert->setTextField(field);
+    alert->setPasswordField(password);
+    alert->setRotationImage(image);
+    expectCounts(2);
+    alert->setTitleLabel(nullptr);
+    alert->setMessageLabel(nullptr);
+    alert->setTextField(nullptr);
+    alert->setPasswordField(nullptr);
+    alert->setRotationImage(nullptr);
+    expectCounts(1);
 }
 
 TEST(ZRTAlertView, StyleIsAnyNumberAndMakesNothingByItself) {
@@ -308,9 +409,12 @@ class CountingField : public UITextField {
 public:
     bool becomeFirstResponder() override {
         ++becameFirstResponder;
+        if (calls)
+            calls->push_back("focus");
         return UITextField::becomeFirstResponder();
     }
     int becameFirstResponder = 0;
+    Messages* calls = nullptr;
 };
 
 Ref<CountingAlert> makeCountingAlert() {
@@ -327,9 +431,10 @@ TEST(AlertViewShow, InAViewLaysOutShowsMakesRoomAndFocuses) {
     const auto field = make<CountingField>();
     alert->setTextField(field);
     alert->alertViewStyle_detailMessage(ZRTAlertViewStyleTextField, "Name");
+    field->calls = &alert->calls;
     alert->calls.clear();
     alert->showInView_animation(window, true);
-    EXPECT_EQ(alert->calls, (Messages{"show in view", "layout", "fix"}));
+    EXPECT_EQ(alert->calls, (Messages{"show in view", "layout", "fix", "focus"}));
     EXPECT_EQ(field->becameFirstResponder, 1);
     EXPECT_TRUE(field->isFirstResponder());
     endAlert(host, alert);
@@ -360,6 +465,26 @@ TEST(AlertViewShow, LaysOutWhatChangedSinceItWasMade) {
     alert->messageLabel()->setText(longer);
     alert->showWithAnimation(false);
     EXPECT_EQ(alert->messageLabel()->frame(), CGRectMake(5, 52, 260, measuredHeight(longer) + 5));
+    endAlert(host, alert);
+}
+
+TEST(AlertViewShow, AgainInAViewIsLikeTheFirstTime) {
+    HeadlessHost host;
+    const auto window = showWindow(UIColor::whiteColor());
+    const auto alert = makeAlert("Title", "Message");
+    alert->alertViewStyle_detailMessage(ZRTAlertViewStyleProgress, "10 %");
+    const auto show = [&] {
+        alert->showInView_animation(window, true);
+        host.advance(0.3);
+        return std::vector<CGRect>{alert->backgroundAlert()->frame(), alert->backgroundAlert()->bounds(),
+                                   alert->okButton()->frame(), alert->cancelButton()->frame(), barOf(alert)->frame()};
+    };
+    const auto first = show();
+    EXPECT_EQ(first[1].size, first[0].size);
+    alert->dismissAlertView();
+    host.advance(0.3);
+    ASSERT_NE(alert->backgroundAlert()->transform(), CGAffineTransformIdentity);
+    EXPECT_EQ(show(), first);
     endAlert(host, alert);
 }
 

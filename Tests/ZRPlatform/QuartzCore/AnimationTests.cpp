@@ -369,3 +369,45 @@ TEST(LayerValues, ColoursFadeThroughTheirComponents) {
     const auto fromNothing = interpolateValues(NSValue(), CGColorCreate(space, red), 0.25);
     EXPECT_EQ(fromNothing.as<CGColor*>()->rgba(), (RGBAColor{1, 0, 0, 0.25}));
 }
+
+TEST_F(AnimationTest, ALayerMayBeAnimatedAnewWhenItIsToldOfTheEnd) {
+    /// Starts over whenever it is stopped, as long as it may.
+    class Restarter : public NSObject, public CAAnimationDelegate {
+    public:
+        void animationDidStop_finished(CAAnimation* animation, bool) override {
+            if (++stops < 100)
+                layer->addAnimation_forKey(animation, "again");
+        }
+        CALayer* layer = nullptr;
+        int stops = 0;
+    };
+    auto restarter = make<Restarter>();
+    restarter->layer = layer;
+    auto animation = fade(0, 1, 5);
+    animation->setDelegate(restarter);
+    layer->addAnimation_forKey(animation, "again");
+    commit();
+    layer->removeAllAnimations();
+    EXPECT_EQ(restarter->stops, 1);
+    EXPECT_EQ(layer->animationKeys().size(), 1u);
+    restarter->stops = 100;
+}
+
+TEST_F(AnimationTest, AStoppedAnimationLeavesNothingToWaitFor) {
+    layer->addAnimation_forKey(fade(0, 1, 1e6), "long");
+    commit();
+    layer->removeAnimationForKey("long");
+    EXPECT_FALSE(NSRunLoop::mainRunLoop()->nextDueTime());
+}
+
+TEST_F(AnimationTest, OnlyPlacesAndSizesMove) {
+    layer->addAnimation_forKey(fade(0, 1, 1), "fade");
+    EXPECT_TRUE(layer->isAnimating());
+    EXPECT_FALSE(layer->isMoving());
+    auto move = CABasicAnimation::animationWithKeyPath("position.x");
+    move->setDuration(1);
+    auto group = make<CAAnimationGroup>();
+    group->setAnimations({fade(0, 1, 1), move});
+    layer->addAnimation_forKey(group, "group");
+    EXPECT_TRUE(layer->isMoving());
+}

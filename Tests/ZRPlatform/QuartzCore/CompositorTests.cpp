@@ -52,6 +52,14 @@ protected:
     /// Red, green and blue of a pixel.
     static int channel(std::uint32_t value, int shift) { return int(value >> shift & 255); }
 
+    /// Pixels' worth of black on the white root.
+    double blackPixels() const {
+        double covered = 0;
+        for (int i = 0; i < 200 * 100; ++i)
+            covered += 1 - channel(compositor.pixels()[i], 16) / 255.0;
+        return covered;
+    }
+
     ManualClock m_clock;
     Compositor compositor{200, 100, 2};
     Ref<CALayer> root = box(CGRectMake(0, 0, 100, 50), color(1, 1, 1));
@@ -132,11 +140,7 @@ TEST_F(CompositorTest, RoundedCornersCoverTheAreaOfTheirArcs) {
     layer->setCornerRadius(12);
     root->addSublayer(layer);
     compose();
-    double covered = 0;
-    for (int y = 0; y < 100; ++y) {
-        for (int x = 0; x < 200; ++x)
-            covered += 1 - channel(pixel(x, y), kRed) / 255.0;
-    }
+    const double covered = blackPixels();
     const double radius = 24;
     const double expected = 80 * 80 - (4 - std::numbers::pi) * radius * radius;
     EXPECT_NEAR(covered, expected, expected * 0.001);
@@ -150,11 +154,7 @@ TEST_F(CompositorTest, CornerRadiusAboveHalfTheSideMakesAPill) {
     layer->setCornerRadius(1000);
     root->addSublayer(layer);
     compose();
-    double covered = 0;
-    for (int y = 0; y < 100; ++y) {
-        for (int x = 0; x < 200; ++x)
-            covered += 1 - channel(pixel(x, y), kRed) / 255.0;
-    }
+    const double covered = blackPixels();
     EXPECT_NEAR(covered, 40 * 40 + std::numbers::pi * 400, 8);
 }
 
@@ -329,11 +329,7 @@ TEST_F(CompositorTest, RotatedLayersCoverTheirArea) {
     layer->setBounds(CGRectMake(0, 0, 20, 20));
     root->addSublayer(layer);
     compose();
-    double covered = 0;
-    for (int y = 0; y < 100; ++y) {
-        for (int x = 0; x < 200; ++x)
-            covered += 1 - channel(pixel(x, y), kRed) / 255.0;
-    }
+    const double covered = blackPixels();
     EXPECT_NEAR(covered, 1600, 2);
     EXPECT_EQ(pixel(100, 50), 0xFF000000u);
     EXPECT_EQ(pixel(100 - 24, 50 - 24), 0xFFFFFFFFu);
@@ -518,4 +514,45 @@ TEST_F(CompositorTest, ADamagedPictureEqualsOnePaintedWhole) {
         for (int i = 0; i < 200 * 100; ++i)
             ASSERT_EQ(compositor.pixels()[i], whole.pixels()[i]) << "step " << step << ", pixel " << i;
     }
+}
+
+TEST_F(CompositorTest, ASquashedCircleIsAnEllipse) {
+    auto layer = box(CGRectMake(30, 5, 40, 40), color(0, 0, 0));
+    layer->setCornerRadius(20);
+    layer->setTransform(CATransform3DMakeScale(1, 0.25, 1));
+    root->addSublayer(layer);
+    compose();
+    const double covered = blackPixels();
+    EXPECT_NEAR(covered, std::numbers::pi * 40 * 10, 10);
+    EXPECT_EQ(pixel(100, 50), 0xFF000000u);
+    EXPECT_EQ(pixel(63, 43), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, AnimatedHeightsReorder) {
+    auto low = box(CGRectMake(0, 0, 20, 20), color(1, 0, 0));
+    root->addSublayer(low);
+    root->addSublayer(box(CGRectMake(0, 0, 20, 20), color(0, 0, 1)));
+    auto rise = CABasicAnimation::animationWithKeyPath("zPosition");
+    rise->setFromValue(-1.0);
+    rise->setToValue(1.0);
+    rise->setDuration(1);
+    low->addAnimation_forKey(rise, "rise");
+    compose();
+    EXPECT_EQ(pixel(5, 5), 0xFF0000FFu);
+    m_clock.advanceTo(nanosecondsFromSeconds(0.75));
+    compositor.compose({root.get()});
+    EXPECT_EQ(pixel(5, 5), 0xFFFF0000u);
+}
+
+TEST_F(CompositorTest, AnOddPartOfAnImageReachesItsLastPixels) {
+    auto layer = box(CGRectMake(0, 0, 50, 10), nullptr);
+    layer->setContents(redAndBlue(10, 2));
+    // From 2.5 to 7.5: as much red as blue.
+    layer->setContentsRect(CGRectMake(0.25, 0, 0.5, 1));
+    root->addSublayer(layer);
+    compose();
+    EXPECT_EQ(pixel(1, 10), 0xFFFF0000u);
+    EXPECT_EQ(pixel(98, 10), 0xFF0000FFu);
+    EXPECT_GT(channel(pixel(45, 10), kRed), 128);
+    EXPECT_GT(channel(pixel(55, 10), kBlue), 128);
 }

@@ -292,10 +292,12 @@ void Painter::paintImagePart(const SceneNode& node, CGRect pixels, CGRect frame,
     if (!(pixels.size.width > 0 && pixels.size.height > 0 && frame.size.width > 0 && frame.size.height > 0))
         return;
     const CGImage& image = *node.contents;
-    const PixelRect part = intersection(
-        {wholePixel(std::floor(pixels.origin.x + kForgiven)), wholePixel(std::floor(pixels.origin.y + kForgiven)),
-         wholePixel(std::ceil(pixels.size.width - kForgiven)), wholePixel(std::ceil(pixels.size.height - kForgiven))},
-        {0, 0, int(image.width()), int(image.height())});
+    const int left = wholePixel(std::floor(pixels.origin.x + kForgiven));
+    const int top = wholePixel(std::floor(pixels.origin.y + kForgiven));
+    const int right = wholePixel(std::ceil(pixels.origin.x + pixels.size.width - kForgiven));
+    const int bottom = wholePixel(std::ceil(pixels.origin.y + pixels.size.height - kForgiven));
+    const PixelRect part =
+        intersection({left, top, right - left, bottom - top}, {0, 0, int(image.width()), int(image.height())});
     if (part.isEmpty())
         return;
     const ImagePointer source = viewOf(image, part);
@@ -303,7 +305,8 @@ void Painter::paintImagePart(const SceneNode& node, CGRect pixels, CGRect frame,
 
     CGRect box = node.toScreen.boundingBox(frame);
     const bool straight = node.toScreen.isScaleAndTranslation();
-    const bool sameSize = straight && std::fabs(box.size.width - part.width) < kForgiven &&
+    const bool sameSize = straight && isWhole(pixels.origin.x) && isWhole(pixels.origin.y) &&
+                          std::fabs(box.size.width - part.width) < kForgiven &&
                           std::fabs(box.size.height - part.height) < kForgiven;
     if (sameSize && !node.moving)
         box.origin = {std::round(box.origin.x), std::round(box.origin.y)};

@@ -94,6 +94,8 @@ private:
 
 void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen, PixelRect clip, int parent) {
     const LayerValues values = layer.hasAnimations() ? layer.presentationValues() : layer.modelValues();
+    // What cannot be seen at this moment may be about to appear; below a layer that is hidden nothing can.
+    m_scene.animating = m_scene.animating || (!layer.isHidden() && layer.isAnimating());
     if (values.hidden || !(values.opacity > 0))
         return;
     const CATransform3D transform = CATransform3DConcat(values.toSuperlayer(), superToScreen);
@@ -102,7 +104,6 @@ void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen,
     node.toScreen = Homography::fromTransform(transform);
     if (!node.toScreen.isFinite() || !CGRectIsFinite(values.bounds))
         return;
-    m_scene.animating = m_scene.animating || layer.isAnimating();
     node.bounds = values.bounds;
     node.opacity = std::min(values.opacity, 1.0f);
     node.cornerRadius = std::isfinite(values.cornerRadius)
@@ -114,10 +115,12 @@ void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen,
     node.borderWidth = std::isfinite(values.borderWidth) ? std::max<CGFloat>(values.borderWidth, 0) : 0;
     node.border = paintColor(values.borderColor);
 
-    node.moving = layer.isAnimating() || (parent >= 0 && m_scene.nodes[parent].moving);
+    node.moving = layer.isMoving() || (parent >= 0 && m_scene.nodes[parent].moving);
     CGRect box = node.toScreen.boundingBox(values.bounds);
     const bool straight = node.toScreen.isScaleAndTranslation();
-    if (straight) {
+    // Corners that are squeezed are no arcs of circles any more.
+    const bool even = std::fabs(node.toScreen.xx - node.toScreen.yy) < 1e-9;
+    if (straight && (even || node.cornerRadius == 0)) {
         if (!node.moving)
             box = onWholePixels(box);
         node.box = box;
@@ -187,7 +190,10 @@ void SceneBuilder::addSublayers(const CALayer& layer, const LayerValues& values,
         transform = CATransform3DTranslate(transform, -x, -y, 0);
     }
     std::vector<const CALayer*> sublayers(layer.sublayers().begin(), layer.sublayers().end());
-    const auto lower = [](const CALayer* a, const CALayer* b) { return a->zPosition() < b->zPosition(); };
+    const auto height = [](const CALayer* sublayer) {
+        return sublayer->hasAnimations() ? sublayer->presentationValues().zPosition : sublayer->zPosition();
+    };
+    const auto lower = [&](const CALayer* a, const CALayer* b) { return height(a) < height(b); };
     if (!std::is_sorted(sublayers.begin(), sublayers.end(), lower))
         std::stable_sort(sublayers.begin(), sublayers.end(), lower);
     for (const CALayer* sublayer : sublayers)

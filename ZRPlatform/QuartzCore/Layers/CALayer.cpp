@@ -216,69 +216,92 @@ void CALayer::displayIfNeeded() {
 void CALayer::addAnimation_forKey(CAAnimation* animation, const NSString& key) {
     if (!animation)
         return;
-    const Ref<CAAnimation> copy = animation->copy();
-    removeAnimationForKey(key);
-    m_animations.push_back({key, copy, false});
+    // The new one is in place before the old one is told: what it does then is done to the new one.
+    RunningAnimation replaced;
+    for (std::size_t i = 0; i < m_animations.size(); ++i) {
+        if (!key.isNil() && m_animations[i].key == key) {
+            replaced = m_animations[i];
+            m_animations.erase(m_animations.begin() + i);
+            break;
+        }
+    }
+    m_animations.push_back({key, animation->copy(), false, nullptr});
     CATransaction::addPendingAnimation(this);
+    if (replaced.animation)
+        tellStopped(replaced, false);
+}
+
+CALayer::RunningAnimation* CALayer::find(const CAAnimation* animation) {
+    const auto found = std::find_if(m_animations.begin(), m_animations.end(),
+                                    [&](const RunningAnimation& running) { return running.animation == animation; });
+    return found == m_animations.end() ? nullptr : &*found;
 }
 
 void CALayer::startAnimations(NSTimeInterval now) {
-    for (std::size_t i = 0; i < m_animations.size(); ++i) {
-        if (std::exchange(m_animations[i].started, true))
-            continue;
-        const Ref<CAAnimation> animation = m_animations[i].animation;
-        if (animation->beginTime() == 0)
-            animation->setBeginTime(now);
-        if (const double end = animation->endTime(); std::isfinite(end)) {
-            const Weak<CALayer> weakSelf = this;
-            NSTimer::scheduledTimerWithTimeInterval_repeats_block(end - now, false, [weakSelf, animation](NSTimer*) {
+    std::vector<Ref<CAAnimation>> waiting;
+    for (const auto& running : m_animations) {
+        if (!running.started)
+            waiting.push_back(running.animation);
+    }
+    // Whoever is told of a start may add and remove animations.
+    for (const auto& animation : waiting) {
+        if (RunningAnimation* running = find(animation))
+            start(*running, now);
+    }
+}
+
+void CALayer::start(RunningAnimation& running, NSTimeInterval now) {
+    const Ref<CAAnimation> animation = running.animation;
+    running.started = true;
+    if (animation->beginTime() == 0)
+        animation->setBeginTime(now);
+    if (const double end = animation->endTime(); std::isfinite(end)) {
+        const Weak<CALayer> weakSelf = this;
+        running.end = NSTimer::scheduledTimerWithTimeInterval_repeats_block(
+            end - now, false, [weakSelf, animation = animation.get()](NSTimer*) {
                 if (const Ref<CALayer> self = weakSelf.lock())
                     self->animationReachedEnd(animation);
             });
-        }
-        const Ref<NSObject> keep = animation->delegate().object();
-        if (CAAnimationDelegate* delegate = animation->delegate())
-            delegate->animationDidStart(animation);
     }
+    const Ref<NSObject> keep = animation->delegate().object();
+    if (CAAnimationDelegate* delegate = animation->delegate())
+        delegate->animationDidStart(animation);
 }
 
 void CALayer::animationReachedEnd(CAAnimation* animation) {
-    const auto found = std::find_if(m_animations.begin(), m_animations.end(),
-                                    [&](const RunningAnimation& running) { return running.animation == animation; });
-    if (found == m_animations.end())
+    RunningAnimation* found = find(animation);
+    if (!found)
         return;
-    if (animation->isRemovedOnCompletion()) {
-        stopAnimation(found - m_animations.begin(), true);
-        return;
-    }
-    const Ref<NSObject> keep = animation->delegate().object();
-    if (CAAnimationDelegate* delegate = animation->delegate())
-        delegate->animationDidStop_finished(animation, true);
+    const RunningAnimation ended = *found;
+    if (animation->isRemovedOnCompletion())
+        m_animations.erase(m_animations.begin() + (found - m_animations.data()));
+    tellStopped(ended, true);
 }
 
-void CALayer::stopAnimation(std::size_t index, bool finished) {
-    const Ref<CAAnimation> animation = m_animations[index].animation;
-    m_animations.erase(m_animations.begin() + index);
+void CALayer::tellStopped(const RunningAnimation& running, bool finished) {
+    if (running.end)
+        running.end->invalidate();
     CATransaction::setNeedsFrame();
-    const Ref<NSObject> keep = animation->delegate().object();
-    if (CAAnimationDelegate* delegate = animation->delegate())
-        delegate->animationDidStop_finished(animation, finished);
+    const Ref<NSObject> keep = running.animation->delegate().object();
+    if (CAAnimationDelegate* delegate = running.animation->delegate())
+        delegate->animationDidStop_finished(running.animation, finished);
 }
 
 void CALayer::removeAnimationForKey(const NSString& key) {
-    if (key.isNil())
-        return;
     for (std::size_t i = 0; i < m_animations.size(); ++i) {
-        if (m_animations[i].key == key) {
-            stopAnimation(i, false);
+        if (!key.isNil() && m_animations[i].key == key) {
+            const RunningAnimation removed = m_animations[i];
+            m_animations.erase(m_animations.begin() + i);
+            tellStopped(removed, false);
             return;
         }
     }
 }
 
 void CALayer::removeAllAnimations() {
-    while (!m_animations.empty())
-        stopAnimation(m_animations.size() - 1, false);
+    const auto removed = std::exchange(m_animations, {});
+    for (const auto& running : removed)
+        tellStopped(running, false);
 }
 
 CAAnimation* CALayer::animationForKey(const NSString& key) const {
@@ -329,6 +352,34 @@ bool CALayer::isAnimating() const {
     const NSTimeInterval now = CACurrentMediaTime();
     return std::any_of(m_animations.begin(), m_animations.end(), [now](const RunningAnimation& running) {
         return running.animation->speed() > 0 && (!running.started || running.animation->endTime() > now);
+    });
+}
+
+namespace {
+
+/// Whether the animation, or one in its group, is of a place or a size.
+bool isGeometric(const CAAnimation* animation) {
+    if (const auto* group = dynamic_cast<const CAAnimationGroup*>(animation)) {
+        return std::any_of(group->animations().begin(), group->animations().end(),
+                           [](const Ref<CAAnimation>& child) { return isGeometric(child); });
+    }
+    const auto* property = dynamic_cast<const CAPropertyAnimation*>(animation);
+    if (!property)
+        return true;
+    for (const char* key : {"position", "bounds", "anchorPoint", "transform", "sublayerTransform"}) {
+        if (property->keyPath().hasPrefix(key))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+bool CALayer::isMoving() const {
+    const NSTimeInterval now = CACurrentMediaTime();
+    return std::any_of(m_animations.begin(), m_animations.end(), [now](const RunningAnimation& running) {
+        const CAAnimation* animation = running.animation;
+        return animation->speed() > 0 && (!running.started || animation->endTime() > now) && isGeometric(animation);
     });
 }
 

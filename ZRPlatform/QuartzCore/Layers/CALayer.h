@@ -11,6 +11,7 @@
 namespace zr {
 
 class CALayer;
+class NSTimer;
 
 inline constexpr const char* kCAGravityResize = "resize";
 inline constexpr const char* kCAGravityResizeAspect = "resizeAspect";
@@ -157,6 +158,8 @@ public:
     Ref<CALayer> presentationLayer() const;
     /// Whether a running animation changes what shows between now and its end.
     bool isAnimating() const;
+    /// Whether a running animation changes where the layer or its sublayers are, or how large.
+    bool isMoving() const;
     /// @}
 
     /// @name Conversion
@@ -178,14 +181,18 @@ private:
         NSString key;
         Ref<CAAnimation> animation;
         bool started = false;
+        /// Fires at the end; nil for an animation that has none.
+        Ref<NSTimer> end;
     };
 
     template <class T>
     void change(const char* key, T LayerValues::*member, const T& value);
     void contentsChanged();
+    RunningAnimation* find(const CAAnimation* animation);
     void startAnimations(NSTimeInterval now);
+    void start(RunningAnimation& running, NSTimeInterval now);
     void animationReachedEnd(CAAnimation* animation);
-    void stopAnimation(std::size_t index, bool finished);
+    static void tellStopped(const RunningAnimation& running, bool finished);
     void markSubtree(bool CALayer::*flag);
 
     LayerValues m_values;

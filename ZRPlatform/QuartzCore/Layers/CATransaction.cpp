@@ -55,13 +55,14 @@ void CATransaction::commit(const std::vector<CALayer*>& roots) {
     if (again)
         NSLog("a view asks for layout or display in every round of its own layout; going on without");
 
+    // From here on a change is one for the next frame.
+    state().needsFrame = false;
     const auto layers = std::exchange(state().layersWithNewAnimations, {});
     const NSTimeInterval now = CACurrentMediaTime();
     for (const auto& layer : layers) {
         if (const Ref<CALayer> alive = layer.lock())
             alive->startAnimations(now);
     }
-    state().needsFrame = false;
 }
 
 void CATransaction::beginWithoutActions() { ++state().actionsDisabled; }

@@ -22,7 +22,17 @@ UIApplication::UIApplication() : m_touches(std::make_unique<TouchDispatcher>()) 
 UIApplication::~UIApplication() {
     setHost(nullptr);
     m_delegate = nullptr;
+    emptyWindows();
     g_application = nullptr;
+}
+
+/// An overlay and its window keep each other until the overlay is taken off; at the end nobody else does that.
+void UIApplication::emptyWindows() {
+    const std::vector<Ref<UIWindow>> shown(m_windows.begin(), m_windows.end());
+    for (const auto& window : shown) {
+        while (!window->subviews().empty())
+            window->subviews().back()->removeFromSuperview();
+    }
 }
 
 void UIApplication::setHost(UIApplicationHost* host) {
@@ -68,6 +78,15 @@ void UIApplication::setKeyWindow(UIWindow* window) {
         window->becomeKeyWindow();
         NSNotificationCenter::defaultCenter()->postNotificationName_object(UIWindowDidBecomeKeyNotification, window);
     }
+    tellHostOfTextInput();
+}
+
+/// Typing goes elsewhere when another window becomes key, without any text input's doing.
+void UIApplication::tellHostOfTextInput() {
+    if (!m_host)
+        return;
+    const auto* input = dynamic_cast<UITextInput*>(firstResponder());
+    m_host->textInputChanged(input != nullptr, input ? input->caretRectOnScreen() : CGRectZero);
 }
 
 void UIApplication::keyWindowLost(UIWindow* window) {
@@ -107,8 +126,9 @@ void UIApplication::setStatusBarOrientation(UIInterfaceOrientation orientation) 
     profile.orientation = orientation;
     UIDevice::currentDevice()->setProfile(profile);
     const CGRect newBounds = UIScreen::mainScreen()->bounds();
-    const auto shown = m_windows;
-    for (UIWindow* window : shown) {
+    CATransaction::setNeedsFrame();
+    const std::vector<Ref<UIWindow>> shown(m_windows.begin(), m_windows.end());
+    for (const auto& window : shown) {
         if (window->frame() == oldBounds)
             window->setFrame(newBounds);
     }
@@ -124,12 +144,14 @@ void UIApplication::endIgnoringInteractionEvents() {
 
 bool UIApplication::sendAction_to_from_forEvent(SEL action, NSObject* target, NSObject* sender, UIEvent* event) {
     if (!target) {
-        auto* responder = dynamic_cast<UIResponder*>(sender);
-        if (firstResponder())
-            responder = firstResponder();
-        while (responder && !action.isAcceptedBy(responder))
-            responder = responder->nextResponder();
-        target = responder;
+        const auto takerUpwardsOf = [action](UIResponder* responder) {
+            while (responder && !action.isAcceptedBy(responder))
+                responder = responder->nextResponder();
+            return responder;
+        };
+        target = takerUpwardsOf(firstResponder());
+        if (!target)
+            target = takerUpwardsOf(dynamic_cast<UIResponder*>(sender));
     }
     if (!action.isAcceptedBy(target))
         return false;
@@ -153,8 +175,13 @@ void UIApplication::viewLeavesWindow(UIView* view) {
     cancelTouchesInView(view);
     const UIWindow* window = view->window();
     auto* first = window ? dynamic_cast<UIView*>(window->firstResponder()) : nullptr;
-    if (first && first->isDescendantOfView(view))
-        first->resignFirstResponder();
+    if (!first || !first->isDescendantOfView(view))
+        return;
+    // It is asked, but cannot stay.
+    const Ref<UIView> keep = first;
+    first->resignFirstResponder();
+    if (UIWindow* left = view->window())
+        left->dropFirstResponder(first);
 }
 
 bool UIApplication::insertText(const NSString& text) {
@@ -236,8 +263,9 @@ Compositor& UIApplication::commitFrame() {
         return layers;
     };
     CATransaction::commit(roots());
-    compositor().compose(roots());
-    return *m_compositor;
+    Compositor& picture = compositor();
+    picture.compose(roots());
+    return picture;
 }
 
 } // namespace zr

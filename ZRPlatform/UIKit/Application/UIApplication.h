@@ -37,6 +37,7 @@ public:
     static UIApplication* sharedApplication();
 
     UIApplication();
+    /// Takes the views off the windows that are still shown.
     ~UIApplication() override;
 
     UIApplicationDelegate* delegate() const { return m_delegate; }
@@ -54,8 +55,8 @@ public:
     void beginIgnoringInteractionEvents() { ++m_ignoringInteractionEvents; }
     void endIgnoringInteractionEvents();
     bool isIgnoringInteractionEvents() const { return m_ignoringInteractionEvents > 0; }
-    /// Sends `action` to `target`, or, when that is nil, to the first responder upwards of `sender` that takes it.
-    /// False when nobody did.
+    /// Sends `action` to `target`; when that is nil, to whoever takes it first upwards of the first responder, else
+    /// upwards of `sender`. False when nobody did.
     bool sendAction_to_from_forEvent(SEL action, NSObject* target, NSObject* sender, UIEvent* event);
 
     /// @name The host's side
@@ -85,11 +86,13 @@ private:
     friend class UIWindow;
     friend class UIView;
 
+    void emptyWindows();
     void windowShown(UIWindow* window);
     void windowHidden(UIWindow* window);
     void windowLevelChanged();
     void setKeyWindow(UIWindow* window);
     void keyWindowLost(UIWindow* window);
+    void tellHostOfTextInput();
     /// The touches of the view and of those below it are cancelled.
     void cancelTouchesInView(UIView* view);
     /// A view leaves its window: its touches are cancelled, and it stops being first responder.

@@ -17,6 +17,8 @@ std::optional<DeviceProfile> DeviceProfile::profileWithDescription(const NSStrin
     const auto isSide = [](double side) { return side >= 1 && side <= 16384; };
     if (!isSide(width) || !isSide(height) || !(pixels >= 0.5 && pixels <= 8))
         return std::nullopt;
+    if (width * height * pixels * pixels > 64e6)
+        return std::nullopt;
     DeviceProfile profile;
     profile.screenSize = {CGFloat(width), CGFloat(height)};
     profile.scale = CGFloat(pixels);

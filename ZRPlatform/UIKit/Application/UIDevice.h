@@ -25,7 +25,7 @@ struct DeviceProfile {
     UIInterfaceOrientation orientation = UIInterfaceOrientationPortrait;
 
     /// "375x667@2", and any other size by number; nothing when the text says something else or a number is not within
-    /// 1..16384 points or 0.5..8 pixels a point.
+    /// 1..16384 points or 0.5..8 pixels a point, or the screen has more than 64 million pixels.
     static std::optional<DeviceProfile> profileWithDescription(const NSString& description);
     /// The framework version number that goes with the system version: that of the newest known version not above it.
     double foundationVersionNumber() const;

@@ -1,6 +1,7 @@
 #include <ZRPlatform/UIKit/Controls/Internal/TextFieldContent.h>
 #include <ZRPlatform/UIKit/Controls/Internal/TextFieldEditing.h>
 #include <ZRPlatform/UIKit/Controls/UITextField.h>
+#include <ZRPlatform/UIKit/Views/UIWindow.h>
 
 #include <algorithm>
 
@@ -108,6 +109,11 @@ void UITextField::cancelTrackingWithEvent(UIEvent* event) {
     setNeedsDisplay();
 }
 
-CGRect UITextField::caretRectInWindow() const { return convertRect_toView(caretRect(), nullptr); }
+CGRect UITextField::caretRectOnScreen() const {
+    CGRect rect = convertRect_toView(caretRect(), nullptr);
+    if (window())
+        rect.origin = window()->layer()->convertPoint_toLayer(rect.origin, nullptr);
+    return rect;
+}
 
 } // namespace zr

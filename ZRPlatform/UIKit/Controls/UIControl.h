@@ -69,8 +69,9 @@ public:
     virtual void setContentVerticalAlignment(UIControlContentVerticalAlignment alignment);
 
     /// @name Target and action
-    /// Targets are held weakly. The message takes (sender), (sender, event) or nothing; a nil target means the first
-    /// responder upwards that takes it. Adding the same pair again adds its events.
+    /// Targets are held weakly. The message takes (sender), (sender, event) or nothing; a nil target means
+    /// whoever takes it upwards of the first responder, else of the control. Adding the same pair again adds its
+    /// events.
     /// @{
     void addTarget_action_forControlEvents(NSObject* target, SEL action, NSUInteger events);
     /// A nil target stands for all, a nil action for all.

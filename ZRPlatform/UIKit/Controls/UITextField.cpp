@@ -225,9 +225,8 @@ void UITextField::finishEditing() {
         m_delegate->textFieldDidEndEditing(this);
 }
 
-void UITextField::willMoveToWindow(UIWindow* window) {
-    UIControl::willMoveToWindow(window);
-    // A delegate may refuse to end editing, but not to leave the screen.
+/// A delegate may refuse to end editing, but not to leave the screen.
+void UITextField::firstResponderWasTaken() {
     const Ref<UITextField> keep = this;
     const Ref<NSObject> keepDelegate = m_delegate.object();
     finishEditing();
@@ -411,7 +410,7 @@ void UITextField::updateCaret() {
 void UITextField::tellHost(bool active) const {
     UIApplication* application = UIApplication::sharedApplication();
     if (application && application->host() && (!active || window()))
-        application->host()->textInputChanged(active, active ? caretRectInWindow() : CGRectZero);
+        application->host()->textInputChanged(active, active ? caretRectOnScreen() : CGRectZero);
 }
 
 } // namespace zr

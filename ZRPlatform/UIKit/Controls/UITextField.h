@@ -154,7 +154,7 @@ public:
     bool hasText() const override;
     void setMarkedText_selectedRange(const NSString& text, NSRange range) override;
     void unmarkText() override;
-    CGRect caretRectInWindow() const override;
+    CGRect caretRectOnScreen() const override;
     NSString selectedText() const override;
     void selectAll() override;
     /// @}
@@ -167,7 +167,7 @@ public:
     void setEnabled(bool enabled) override;
     void setHidden(bool hidden) override;
     void tintColorDidChange() override;
-    void willMoveToWindow(UIWindow* window) override;
+    void firstResponderWasTaken() override;
     void didMoveToWindow() override;
     void layoutSubviews() override;
     void drawRect(CGRect rect) override;

@@ -75,19 +75,22 @@ void TouchDispatcher::ended(std::int64_t identifier, CGPoint location) {
     const Ref<UITouch> touch = finger->second;
     setLocation(touch, location);
     m_lastTap = {CACurrentMediaTime(), location, touch->m_tapCount};
-    change(touch, UITouchPhaseEnded);
-    m_fingers.erase(identifier);
-    m_starts.erase(identifier);
+    finish(identifier, touch, UITouchPhaseEnded);
 }
 
 void TouchDispatcher::cancelled(std::int64_t identifier) {
     const auto finger = m_fingers.find(identifier);
     if (finger == m_fingers.end())
         return;
-    const Ref<UITouch> touch = finger->second;
-    change(touch, UITouchPhaseCancelled);
+    finish(identifier, finger->second, UITouchPhaseCancelled);
+}
+
+/// The finger is followed no further by the time its view is told, so that whatever the view does then, it is told of
+/// the end only once.
+void TouchDispatcher::finish(std::int64_t identifier, Ref<UITouch> touch, UITouchPhase phase) {
     m_fingers.erase(identifier);
     m_starts.erase(identifier);
+    change(touch, phase);
 }
 
 void TouchDispatcher::cancelTouchesInView(const UIView* view) {
@@ -112,8 +115,12 @@ void TouchDispatcher::change(UITouch* touch, UITouchPhase phase) {
     touch->m_timestamp = CACurrentMediaTime();
     auto event = make<UIEvent>();
     event->m_timestamp = touch->m_timestamp;
-    for (const auto& [identifier, finger] : m_fingers)
-        event->m_touches.push_back(finger);
+    event->m_touches.push_back(touch);
+    for (const auto& [identifier, finger] : m_fingers) {
+        if (finger != touch)
+            event->m_touches.push_back(finger);
+    }
+    event->m_changed = touch;
     if (const Ref<UIWindow> window = touch->window())
         window->sendEvent(event);
     if (touch->m_phase == UITouchPhaseBegan || touch->m_phase == UITouchPhaseMoved)

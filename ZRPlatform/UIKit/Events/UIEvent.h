@@ -15,9 +15,12 @@ public:
 
 private:
     friend class TouchDispatcher;
+    friend class UIWindow;
 
     NSTimeInterval m_timestamp = 0;
     std::vector<Ref<UITouch>> m_touches;
+    /// The finger that the event is about; the others are as they were.
+    Weak<UITouch> m_changed;
 };
 
 /// Touches that changed in the same way, for one view.

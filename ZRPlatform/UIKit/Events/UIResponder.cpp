@@ -47,11 +47,12 @@ bool UIResponder::becomeFirstResponder() {
         if (!old->resignFirstResponder())
             return false;
     }
-    // Resigning may have moved this responder elsewhere.
+    // Resigning may have moved this responder elsewhere, or made another one first.
     window = windowOf(this);
-    if (window)
-        window->m_firstResponder = this;
-    return window != nullptr;
+    if (!window || window->firstResponder())
+        return false;
+    window->m_firstResponder = this;
+    return true;
 }
 
 bool UIResponder::resignFirstResponder() {

@@ -34,6 +34,9 @@ public:
     virtual bool becomeFirstResponder();
     virtual bool resignFirstResponder();
     bool isFirstResponder() const;
+    /// Called when the responder stopped being first without having agreed to resign: it left its window, or was
+    /// forced.
+    virtual void firstResponderWasTaken() {}
     /// @}
 
     /// @name Typing
@@ -54,8 +57,8 @@ public:
     /// selection inside it.
     virtual void setMarkedText_selectedRange(const NSString& text, NSRange range) = 0;
     virtual void unmarkText() = 0;
-    /// Where the caret is, in the window's coordinates: input methods open their list there.
-    virtual CGRect caretRectInWindow() const = 0;
+    /// Where the caret is, in points of the screen: input methods open their list there.
+    virtual CGRect caretRectOnScreen() const = 0;
     /// For the clipboard keys of a host; nil when there is no selection or the text is secret.
     virtual NSString selectedText() const = 0;
     virtual void selectAll() = 0;

@@ -11,6 +11,7 @@
 #include <array>
 #include <cassert>
 #include <cmath>
+#include <memory>
 
 namespace zr {
 
@@ -37,7 +38,9 @@ void UIView::destroy() {
         UIResponder::destroy();
         return;
     }
-    NSRunLoop::mainRunLoop()->performBlock([this] { UIResponder::destroy(); });
+    // The block deletes the view as it goes, so that a run loop that ends without running it leaks nothing.
+    std::shared_ptr<UIView> last(this, [](UIView* view) { view->UIResponder::destroy(); });
+    NSRunLoop::mainRunLoop()->performBlock([last = std::move(last)] {});
 }
 
 bool UIView::init() { return initWithFrame(CGRectZero); }
@@ -316,13 +319,21 @@ void UIView::moveToWindow(UIWindow* window) {
         return;
     if (m_window && UIApplication::sharedApplication())
         UIApplication::sharedApplication()->viewLeavesWindow(this);
+    // Each of the messages may move the view elsewhere, and with it the rest of this.
+    const Ref<UIView> keep = this;
+    const UIView* parent = m_superview;
     willMoveToWindow(window);
+    if (m_superview != parent || (window && m_superview && m_superview->m_window != window))
+        return;
     m_window = window;
     const auto subviews = m_subviews;
-    for (const auto& subview : subviews)
-        subview->moveToWindow(window);
-    didMoveToWindow();
-    if (window)
+    for (const auto& subview : subviews) {
+        if (m_window == window && subview->m_superview == this)
+            subview->moveToWindow(window);
+    }
+    if (m_window == window)
+        didMoveToWindow();
+    if (window && m_window == window)
         tintColorDidChange();
 }
 
@@ -348,7 +359,11 @@ UIView* UIView::viewWithTag(NSInteger tag) {
 
 void UIView::setNeedsLayout() { m_layer->setNeedsLayout(); }
 void UIView::layoutIfNeeded() { m_layer->layoutIfNeeded(); }
-void UIView::layoutSublayersOfLayer(CALayer*) { layoutSubviews(); }
+
+void UIView::layoutSublayersOfLayer(CALayer*) {
+    const Ref<UIView> keep = this;
+    layoutSubviews();
+}
 
 void UIView::setNeedsDisplay() {
     if (m_draws)
@@ -356,6 +371,7 @@ void UIView::setNeedsDisplay() {
 }
 
 void UIView::displayLayer(CALayer* layer) {
+    const Ref<UIView> keep = this;
     const Ref<CGImage> picture =
         drawIntoBitmap(bounds(), contentScaleFactor(), [this](CGRect rect) { drawRect(rect); });
     CATransaction::beginWithoutActions();
@@ -380,10 +396,14 @@ bool UIView::pointInside_withEvent(CGPoint point, UIEvent*) { return CGRectConta
 
 UIResponder* UIView::nextResponder() const { return m_superview; }
 
-bool UIView::endEditing(bool) {
-    UIResponder* responder = m_window ? m_window->firstResponder() : nullptr;
-    auto* view = dynamic_cast<UIView*>(responder);
-    return !view || !view->isDescendantOfView(this) || view->resignFirstResponder();
+bool UIView::endEditing(bool force) {
+    UIWindow* window = m_window;
+    const Ref<UIView> view = window ? dynamic_cast<UIView*>(window->firstResponder()) : nullptr;
+    if (!view || !view->isDescendantOfView(this) || view->resignFirstResponder())
+        return true;
+    if (force)
+        window->dropFirstResponder(view);
+    return force;
 }
 
 // Conversion

@@ -175,7 +175,7 @@ public:
     virtual UIView* hitTest_withEvent(CGPoint point, UIEvent* event);
     virtual bool pointInside_withEvent(CGPoint point, UIEvent* event);
     UIResponder* nextResponder() const override;
-    /// Resigns the first responder if it is this view or below it. False when it refused.
+    /// Resigns the first responder if it is this view or below it. False when it refused; with `force` it is not asked.
     bool endEditing(bool force);
     /// @}
 

@@ -6,7 +6,7 @@
 namespace zr {
 
 UIWindow::~UIWindow() {
-    if (UIApplication* application = UIApplication::sharedApplication(); application && !isHidden())
+    if (UIApplication* application = UIApplication::sharedApplication())
         application->windowHidden(this);
     for (const auto& subview : subviews())
         subview->moveToWindow(nullptr);
@@ -71,29 +71,34 @@ void UIWindow::resignKeyWindow() {
         UIApplication::sharedApplication()->keyWindowLost(this);
 }
 
+void UIWindow::dropFirstResponder(UIResponder* responder) {
+    if (m_firstResponder.get() != responder)
+        return;
+    m_firstResponder = nullptr;
+    responder->firstResponderWasTaken();
+}
+
 void UIWindow::sendEvent(UIEvent* event) {
-    const auto touches = event->allTouches();
-    for (const auto& touch : touches) {
-        const Ref<UIView> view = touch->view();
-        if (!view || touch->window() != this)
-            continue;
-        const TouchSet changed{touch.get()};
-        switch (touch->phase()) {
-        case UITouchPhaseBegan:
-            view->touchesBegan_withEvent(changed, event);
-            break;
-        case UITouchPhaseMoved:
-            view->touchesMoved_withEvent(changed, event);
-            break;
-        case UITouchPhaseEnded:
-            view->touchesEnded_withEvent(changed, event);
-            break;
-        case UITouchPhaseCancelled:
-            view->touchesCancelled_withEvent(changed, event);
-            break;
-        case UITouchPhaseStationary:
-            break;
-        }
+    const Ref<UITouch> touch = event->m_changed.lock();
+    const Ref<UIView> view = touch ? touch->view() : nullptr;
+    if (!view || touch->window() != this)
+        return;
+    const TouchSet changed{touch.get()};
+    switch (touch->phase()) {
+    case UITouchPhaseBegan:
+        view->touchesBegan_withEvent(changed, event);
+        break;
+    case UITouchPhaseMoved:
+        view->touchesMoved_withEvent(changed, event);
+        break;
+    case UITouchPhaseEnded:
+        view->touchesEnded_withEvent(changed, event);
+        break;
+    case UITouchPhaseCancelled:
+        view->touchesCancelled_withEvent(changed, event);
+        break;
+    case UITouchPhaseStationary:
+        break;
     }
 }
 

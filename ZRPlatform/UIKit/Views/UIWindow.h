@@ -35,12 +35,15 @@ public:
     /// Called when the window stops being key. Calling it makes it stop, if it is key.
     virtual void resignKeyWindow();
     void setHidden(bool hidden) override;
-    /// Sends the touches of an event to their views.
+    /// Sends the touch that an event is about to its view.
     virtual void sendEvent(UIEvent* event);
     UIResponder* nextResponder() const override;
 
     /// The responder in this window that typing goes to while the window is key; nil when there is none.
     UIResponder* firstResponder() const { return m_firstResponder.get(); }
+
+    /// The responder is first no more, whether it agrees or not. Nothing happens when it is not.
+    void dropFirstResponder(UIResponder* responder);
 
 private:
     friend class UIResponder;

@@ -63,8 +63,11 @@ Ref<CAAnimation> ViewAnimation::animationForChange(CALayer* layer, const char* k
     const CAAnimation* running = layer->animationForKey(key);
     const bool changedBefore = running && running->delegate().get() == this;
     auto animation = CABasicAnimation::animationWithKeyPath(key);
-    animation->setFromValue(
-        layerValueForKeyPath(changedBefore ? layer->modelValues() : layer->presentationValues(), key));
+    NSValue from = layerValueForKeyPath(changedBefore ? layer->modelValues() : layer->presentationValues(), key);
+    // No colour at all looks clear; no value at all would mean "from where it ends".
+    if (from.isNil())
+        from = UIColor::clearColor()->cgColor();
+    animation->setFromValue(from);
     animation->setDuration(duration);
     animation->setRepeatCount(repeatCount);
     animation->setAutoreverses(autoreverses);

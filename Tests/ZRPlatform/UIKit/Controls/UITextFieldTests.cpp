@@ -105,38 +105,38 @@ TEST_F(UITextFieldLook, ASelectionIsShownInsteadOfTheCaret) {
 
 TEST_F(UITextFieldLook, LongTextScrollsSoThatTheCaretStaysInSight) {
     edit("HHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHH");
-    const CGRect atEnd = field->caretRectInWindow();
+    const CGRect atEnd = field->caretRectOnScreen();
     EXPECT_LE(CGRectGetMaxX(atEnd), 10 + 193);
     EXPECT_GT(atEnd.origin.x, 180);
     host.pressKey(UIKey::Home);
-    EXPECT_EQ(field->caretRectInWindow().origin.x, 17);
+    EXPECT_EQ(field->caretRectOnScreen().origin.x, 17);
     EXPECT_EQ(host.pixel({205, 25}), kWhiteOnScreen); // text stays inside its rectangle
     host.pressKey(UIKey::End);
-    EXPECT_EQ(field->caretRectInWindow(), atEnd);
+    EXPECT_EQ(field->caretRectOnScreen(), atEnd);
 }
 
 TEST_F(UITextFieldLook, TextAlignmentMovesTheCaret) {
     edit("HH");
     field->setTextAlignment(NSTextAlignmentRight);
     host.advance(0);
-    EXPECT_NEAR(CGRectGetMaxX(field->caretRectInWindow()), 203, 0.5);
+    EXPECT_NEAR(CGRectGetMaxX(field->caretRectOnScreen()), 203, 0.5);
     field->setTextAlignment(NSTextAlignmentCenter);
     host.advance(0);
-    EXPECT_NEAR(field->caretRectInWindow().origin.x, 10 + 100 - 1 + letterWidth(), 0.5);
+    EXPECT_NEAR(field->caretRectOnScreen().origin.x, 10 + 100 - 1 + letterWidth(), 0.5);
 }
 
 TEST_F(UITextFieldLook, NaturalAlignmentPutsArabicAtTheRight) {
     field->setTextAlignment(NSTextAlignmentNatural);
     edit("مرحبا");
     host.pressKey(UIKey::Home);
-    EXPECT_GT(field->caretRectInWindow().origin.x, 195);
+    EXPECT_GT(field->caretRectOnScreen().origin.x, 195);
 }
 
 TEST_F(UITextFieldLook, TheHostKnowsWhereTheCaretIs) {
     EXPECT_FALSE(host.isTextInputActive());
     edit("HHH");
     EXPECT_TRUE(host.isTextInputActive());
-    EXPECT_EQ(host.caretRect(), field->caretRectInWindow());
+    EXPECT_EQ(host.caretRect(), field->caretRectOnScreen());
     EXPECT_NEAR(host.caretRect().origin.x, above(3).x, 0.5);
     host.typeText("H");
     EXPECT_NEAR(host.caretRect().origin.x, above(4).x, 0.5);
@@ -164,9 +164,9 @@ TEST_F(UITextFieldLook, SideViewsShowInTheirModesAndTakeRoom) {
 TEST_F(UITextFieldLook, ShrinkingFitsTheTextBeforeItScrolls) {
     field->setAdjustsFontSizeToFitWidth(true);
     edit("HHHHHHHHHHHHHHHHHHHH");
-    EXPECT_LT(CGRectGetMaxX(field->caretRectInWindow()), 203);
+    EXPECT_LT(CGRectGetMaxX(field->caretRectOnScreen()), 203);
     host.pressKey(UIKey::Home);
-    EXPECT_LT(field->caretRectInWindow().size.height, 20);
+    EXPECT_LT(field->caretRectOnScreen().size.height, 20);
 }
 
 } // namespace

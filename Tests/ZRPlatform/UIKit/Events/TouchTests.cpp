@@ -172,3 +172,52 @@ TEST_F(TouchTest, AMoveToTheSamePlaceIsNoMove) {
     host.touchMove({110, 110});
     EXPECT_EQ(view->log, (Log{"began"}));
 }
+
+namespace {
+
+/// Takes itself away whenever its touch ends, in whichever way.
+class ShyView : public TouchLogger {
+public:
+    void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) override {
+        TouchLogger::touchesEnded_withEvent(touches, event);
+        removeFromSuperview();
+    }
+    void touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event) override {
+        TouchLogger::touchesCancelled_withEvent(touches, event);
+        removeFromSuperview();
+    }
+};
+
+/// Hides another view when it is touched.
+class HidingView : public TouchLogger {
+public:
+    void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override {
+        TouchLogger::touchesBegan_withEvent(touches, event);
+        other->setHidden(true);
+    }
+    Weak<UIView> other;
+};
+
+} // namespace
+
+TEST_F(TouchTest, ATouchEndsOnceWhateverItsViewDoesThen) {
+    auto shy = make<ShyView>(&ShyView::initWithFrame, CGRectMake(200, 100, 50, 50));
+    window->addSubview(shy);
+    host.tap({210, 110});
+    EXPECT_EQ(shy->log, (Log{"began", "ended"}));
+    window->addSubview(shy);
+    shy->log.clear();
+    host.touchDown({210, 110});
+    shy->removeFromSuperview();
+    EXPECT_EQ(shy->log, (Log{"began", "cancelled"}));
+}
+
+TEST_F(TouchTest, OneFingersEndTellsNobodyOfTheOther) {
+    auto hiding = make<HidingView>(&HidingView::initWithFrame, CGRectMake(200, 100, 50, 50));
+    hiding->other = view;
+    window->addSubview(hiding);
+    host.touchDown({110, 110}, 1);
+    host.touchDown({210, 110}, 2);
+    EXPECT_EQ(hiding->log, (Log{"began"}));
+    EXPECT_EQ(view->log, (Log{"began", "cancelled"}));
+}

@@ -48,7 +48,7 @@ public:
         pieces.push_back("marked " + text.utf8() + " " + std::to_string(range.location));
     }
     void unmarkText() override {}
-    CGRect caretRectInWindow() const override { return {}; }
+    CGRect caretRectOnScreen() const override { return {}; }
     NSString selectedText() const override { return "selected"; }
     void selectAll() override { pieces.push_back("<all>"); }
     bool keyPressed(UIKey key, unsigned modifiers) override {

@@ -24,6 +24,7 @@ std::string play(HeadlessHost& host, const std::string& text) {
 struct Mistake {
     const char* script;
     const char* message;
+    friend void PrintTo(const Mistake& mistake, std::ostream* stream) { *stream << mistake.message; }
 };
 
 class MistakenScript : public testing::TestWithParam<Mistake> {};

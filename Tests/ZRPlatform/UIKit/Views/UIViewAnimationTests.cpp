@@ -241,3 +241,41 @@ TEST_F(UIViewAnimationTest, AFrameOfAnAnimationRepaintsOnlyWhatMoves) {
         EXPECT_TRUE(intersection(rect, {0, 0, 220, 200}) == rect);
     EXPECT_FALSE(host.damage().empty());
 }
+
+TEST_F(UIViewAnimationTest, AFadeInFromNothingIsShownFrameByFrame) {
+    view->setAlpha(0);
+    host.advance(0);
+    UIView::animateWithDuration_animations(1, fadeTo(1));
+    host.advance(0);
+    EXPECT_TRUE(host.application()->needsFrame());
+    host.advance(0.5);
+    EXPECT_NEAR(host.pixel({10, 10}).red, 128, 1);
+}
+
+TEST_F(UIViewAnimationTest, ABackgroundFadesInFromNoColour) {
+    view->setBackgroundColor(nullptr);
+    host.advance(0);
+    UIView::animateWithDuration_animations(1, [this] { view->setBackgroundColor(UIColor::redColor()); });
+    host.advance(0.5);
+    EXPECT_NEAR(seen().backgroundColor->rgba().alpha, 0.5, 1e-9);
+    EXPECT_EQ(seen().backgroundColor->rgba().red, 1);
+}
+
+TEST_F(UIViewAnimationTest, WhatAStartAsksForIsShownInTheNextFrame) {
+    class Starter : public NSObject {
+    public:
+        void started(const NSString&, void*) { view->setBackgroundColor(UIColor::blueColor()); }
+        UIView* view = nullptr;
+    };
+    auto starter = make<Starter>();
+    starter->view = view;
+    auto other = make<UIView>();
+    window->addSubview(other);
+    UIView::beginAnimations_context(nullptr, nullptr);
+    UIView::setAnimationDelegate(starter);
+    UIView::setAnimationWillStartSelector(selector<&Starter::started>);
+    other->setAlpha(0);
+    UIView::commitAnimations();
+    host.advance(0);
+    EXPECT_EQ(host.pixel({10, 10}), (FramePixel{0, 0, 255}));
+}

@@ -307,12 +307,28 @@ TEST_F(UIViewTest, TagsAreSoughtInTheWholeTree) {
     EXPECT_EQ(window->viewWithTag(8), nullptr);
 }
 
+namespace {
+
+std::thread::id destroyedOn;
+
+/// Says on which thread it was destroyed.
+class Mortal : public UIView {
+public:
+    ~Mortal() override { destroyedOn = std::this_thread::get_id(); }
+};
+
+} // namespace
+
+TEST(UIViewThreads, AViewDroppedElsewhereGoesWithTheHostAtTheLatest) {
+    {
+        HeadlessHost host;
+        std::thread([kept = make<Mortal>()]() mutable { kept = nullptr; }).join();
+        EXPECT_EQ(destroyedOn, std::thread::id());
+    }
+    EXPECT_EQ(destroyedOn, std::this_thread::get_id());
+}
+
 TEST_F(UIViewTest, TheLastReferenceMayGoOnAnyThread) {
-    static std::thread::id destroyedOn;
-    class Mortal : public UIView {
-    public:
-        ~Mortal() override { destroyedOn = std::this_thread::get_id(); }
-    };
     auto view = make<Mortal>();
     const Weak<UIView> weak = view;
     std::thread([kept = std::move(view)]() mutable { kept = nullptr; }).join();

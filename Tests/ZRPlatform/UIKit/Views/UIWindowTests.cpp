@@ -147,3 +147,83 @@ TEST_F(UIWindowTest, AResponderThatWillNotResignStaysFirst) {
     b->removeFromSuperview();
     EXPECT_EQ(window->firstResponder(), nullptr);
 }
+
+TEST(UIApplication, ItsEndTakesTheViewsOffTheShownWindows) {
+    /// Keeps its window, as an overlay does.
+    class Overlay : public UIView {
+    public:
+        Ref<UIWindow> own;
+    };
+    Weak<Overlay> weak;
+    {
+        HeadlessHost host;
+        auto overlay = make<Overlay>();
+        overlay->own = make<UIWindow>(&UIWindow::initWithFrame, UIScreen::mainScreen()->bounds());
+        overlay->own->addSubview(overlay);
+        overlay->own->makeKeyAndVisible();
+        weak = overlay;
+        EXPECT_NE(weak.get(), nullptr);
+    }
+    EXPECT_EQ(weak.get(), nullptr);
+}
+
+TEST_F(UIWindowTest, AHiddenKeyWindowThatGoesGivesTheKeyBack) {
+    auto main = makeWindow(nullptr), hidden = makeWindow(nullptr);
+    main->makeKeyAndVisible();
+    hidden->makeKeyWindow();
+    EXPECT_TRUE(hidden->isKeyWindow());
+    hidden = nullptr;
+    EXPECT_TRUE(main->isKeyWindow());
+}
+
+TEST_F(UIWindowTest, EndEditingAsksUnlessItIsForced) {
+    auto window = makeWindow(nullptr);
+    auto typist = make<Typist>();
+    window->addSubview(typist);
+    window->makeKeyAndVisible();
+    typist->becomeFirstResponder();
+    typist->stubborn = true;
+    EXPECT_FALSE(window->endEditing(false));
+    EXPECT_TRUE(typist->isFirstResponder());
+    EXPECT_TRUE(window->endEditing(true));
+    EXPECT_EQ(window->firstResponder(), nullptr);
+}
+
+TEST_F(UIWindowTest, AStubbornResponderCannotStayInAWindowItLeaves) {
+    auto window = makeWindow(nullptr);
+    auto typist = make<Typist>();
+    window->addSubview(typist);
+    window->makeKeyAndVisible();
+    typist->becomeFirstResponder();
+    typist->stubborn = true;
+    typist->removeFromSuperview();
+    EXPECT_EQ(window->firstResponder(), nullptr);
+}
+
+TEST_F(UIWindowTest, ATurnedScreenIsPaintedAlsoBehindASmallerWindow) {
+    auto window = make<UIWindow>(&UIWindow::initWithFrame, CGRectMake(0, 0, 100, 100));
+    window->setBackgroundColor(UIColor::redColor());
+    window->makeKeyAndVisible();
+    host.advance(0);
+    host.rotate(UIInterfaceOrientationLandscapeLeft);
+    EXPECT_EQ(host.pixel({10, 10}), (FramePixel{255, 0, 0}));
+}
+
+TEST_F(UIWindowTest, AViewThatLeavesWhileItsTreeMovesInIsNowhere) {
+    class Leaver : public UIView {
+    public:
+        void didMoveToWindow() override {
+            if (window())
+                superview()->removeFromSuperview();
+        }
+    };
+    auto window = makeWindow(nullptr);
+    auto parent = make<UIView>(), later = make<UIView>();
+    auto leaver = make<Leaver>();
+    parent->addSubview(leaver);
+    parent->addSubview(later);
+    window->addSubview(parent);
+    EXPECT_EQ(parent->window(), nullptr);
+    EXPECT_EQ(leaver->window(), nullptr);
+    EXPECT_EQ(later->window(), nullptr);
+}

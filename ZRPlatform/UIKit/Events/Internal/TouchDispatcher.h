@@ -28,6 +28,7 @@ private:
     };
 
     void change(UITouch* touch, UITouchPhase phase);
+    void finish(std::int64_t identifier, Ref<UITouch> touch, UITouchPhase phase);
     void setLocation(UITouch* touch, CGPoint screenLocation);
     bool isBlocked(const UIView* view) const;
 
