@@ -42,9 +42,12 @@ start_program() {
     exec {output}<"$work/output"
     window=$(timeout $limit xdotool search --sync --onlyvisible --pid "$program" 2>/dev/null | head -n 1) ||
         fail "no window: $(timeout 1 cat <&"$output")"
-    eval "$(xdotool getwindowgeometry --shell "$window")" # X, Y, WIDTH, HEIGHT
+    measure_window
     xdotool windowfocus "$window"
 }
+
+# The window's place and size as they are now: X, Y, WIDTH, HEIGHT.
+measure_window() { eval "$(xdotool getwindowgeometry --shell "$window")"; }
 
 # hear SECONDS: the next line, in $line.
 hear() {

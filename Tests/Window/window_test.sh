@@ -11,6 +11,7 @@ start_probe() {
     scale=2
     start_program "$probe" --frame-log
     expect 'frame .*'
+    measure_window
 }
 
 # expect_refusal ENVIRONMENT…: one line on standard error, and 1.
@@ -29,6 +30,8 @@ NeedsADisplay() {
 FitsTheDesktop() {
     start_desktop 800x750
     start_program "$probe" --frame-log
+    expect 'frame .*'
+    measure_window
     [[ $WIDTH == 375 && $HEIGHT == 667 ]] || fail "the window is $WIDTH x $HEIGHT on a small desktop"
     expect_pixel 60 105 ff0000
     click 150 130
@@ -38,6 +41,8 @@ FitsTheDesktop() {
     rm "$work/output"
 
     start_program "$probe" --window-scale=1.5 --device 320x480@2 --frame-log
+    expect 'frame .*'
+    measure_window
     [[ $WIDTH == 480 && $HEIGHT == 720 ]] || fail "the window is $WIDTH x $HEIGHT at scale 1.5"
 }
 

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <mutex>
 #include <string_view>
 
 namespace zr {
@@ -167,6 +168,12 @@ int orientationOf(GdkPixbuf* pixbuf) {
     return orientation >= 1 && orientation <= 8 ? orientation : 1;
 }
 
+/// One image at a time: the codecs share tables that are filled at first use.
+std::mutex& codecMutex() {
+    static std::mutex mutex;
+    return mutex;
+}
+
 } // namespace
 
 bool imageSizeIsAllowed(NSUInteger width, NSUInteger height) {
@@ -175,6 +182,7 @@ bool imageSizeIsAllowed(NSUInteger width, NSUInteger height) {
 }
 
 std::optional<DecodedImage> decodeImage(Bytes bytes) {
+    const std::lock_guard lock(codecMutex());
     const Format* format = formatOf(bytes);
     if (!format)
         return std::nullopt;
@@ -210,6 +218,7 @@ std::optional<DecodedImage> decodeImageFile(const std::string& path) {
 }
 
 std::vector<std::uint8_t> encodePNG(const CGImage& image) {
+    const std::lock_guard lock(codecMutex());
     const std::unique_ptr<GdkPixbuf, Unreference> pixbuf(gdk_pixbuf_new(
         GDK_COLORSPACE_RGB, !image.isOpaque(), 8, static_cast<int>(image.width()), static_cast<int>(image.height())));
     if (!pixbuf)
