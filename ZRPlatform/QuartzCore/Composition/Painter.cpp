@@ -35,8 +35,8 @@ ImagePointer solid(const PaintColor& color, float factor = 1) {
 ImagePointer viewOf(const CGImage& image, PixelRect part) {
     auto* first = reinterpret_cast<std::uint32_t*>(const_cast<std::uint8_t*>(
         image.pixels() + std::size_t(part.y) * image.bytesPerRow() + std::size_t(part.x) * 4));
-    return managed(pixman_image_create_bits_no_clear(image.isOpaque() ? PIXMAN_x8r8g8b8 : PIXMAN_a8r8g8b8, part.width,
-                                                     part.height, first, static_cast<int>(image.bytesPerRow())));
+    return managed(pixman_image_create_bits_no_clear(PIXMAN_a8r8g8b8, part.width, part.height, first,
+                                                     static_cast<int>(image.bytesPerRow())));
 }
 
 /// A whole pixel; far outside of every screen for numbers that no integer holds.
@@ -361,7 +361,8 @@ void Painter::paintPattern(const SceneNode& node, const Target& target, PixelRec
         mask = managed(shapeMask(node, area, opacity));
     else if (opacity < 1)
         mask = solid({0, 0, 0, 1}, opacity);
-    pixman_image_composite32(PIXMAN_OP_OVER, source.get(), mask.get(), target.image, 0, 0, 0, 0, area.x - target.area.x,
+    const auto operation = image.isOpaque() && !mask ? PIXMAN_OP_SRC : PIXMAN_OP_OVER;
+    pixman_image_composite32(operation, source.get(), mask.get(), target.image, 0, 0, 0, 0, area.x - target.area.x,
                              area.y - target.area.y, area.width, area.height);
 }
 
