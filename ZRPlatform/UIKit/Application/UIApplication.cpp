@@ -13,6 +13,14 @@ namespace {
 
 UIApplication* g_application = nullptr;
 
+void takeApart(UIView* view) {
+    const auto subviews = view->subviews();
+    for (const auto& subview : subviews) {
+        takeApart(subview);
+        subview->removeFromSuperview();
+    }
+}
+
 } // namespace
 
 UIApplication* UIApplication::sharedApplication() { return g_application; }
@@ -26,13 +34,12 @@ UIApplication::~UIApplication() {
     g_application = nullptr;
 }
 
-/// An overlay and its window keep each other until the overlay is taken off; at the end nobody else does that.
+/// An overlay keeps its window, or the view that it is shown in, and is kept by it; at the end nobody else takes it
+/// off.
 void UIApplication::emptyWindows() {
     const std::vector<Ref<UIWindow>> shown(m_windows.begin(), m_windows.end());
-    for (const auto& window : shown) {
-        while (!window->subviews().empty())
-            window->subviews().back()->removeFromSuperview();
-    }
+    for (const auto& window : shown)
+        takeApart(window);
 }
 
 void UIApplication::setHost(UIApplicationHost* host) {

@@ -149,22 +149,28 @@ TEST_F(UIWindowTest, AResponderThatWillNotResignStaysFirst) {
 }
 
 TEST(UIApplication, ItsEndTakesTheViewsOffTheShownWindows) {
-    /// Keeps its window, as an overlay does.
+    /// Keeps the view it is shown in, as an overlay does.
     class Overlay : public UIView {
     public:
-        Ref<UIWindow> own;
+        Ref<UIView> place;
     };
-    Weak<Overlay> weak;
+    Weak<Overlay> inWindow, inView;
     {
         HeadlessHost host;
-        auto overlay = make<Overlay>();
-        overlay->own = make<UIWindow>(&UIWindow::initWithFrame, UIScreen::mainScreen()->bounds());
-        overlay->own->addSubview(overlay);
-        overlay->own->makeKeyAndVisible();
-        weak = overlay;
-        EXPECT_NE(weak.get(), nullptr);
+        auto window = make<UIWindow>(&UIWindow::initWithFrame, UIScreen::mainScreen()->bounds());
+        auto first = make<Overlay>(), second = make<Overlay>();
+        auto place = make<UIView>();
+        window->addSubview(place);
+        window->addSubview(first);
+        place->addSubview(second);
+        first->place = window;
+        second->place = place;
+        window->makeKeyAndVisible();
+        inWindow = first;
+        inView = second;
     }
-    EXPECT_EQ(weak.get(), nullptr);
+    EXPECT_EQ(inWindow.get(), nullptr);
+    EXPECT_EQ(inView.get(), nullptr);
 }
 
 TEST_F(UIWindowTest, AHiddenKeyWindowThatGoesGivesTheKeyBack) {
