@@ -16,7 +16,6 @@ bool launchApplication(UIApplication* application, UIApplicationDelegate* delega
 void terminateApplication(UIApplication* application) {
     if (Ref<UIApplicationDelegate> delegate = application->delegate())
         delegate->applicationWillTerminate(application);
-    application->setDelegate(nullptr);
 }
 
 } // namespace zr

@@ -29,8 +29,8 @@ UIApplication::UIApplication() : m_touches(std::make_unique<TouchDispatcher>()) 
 
 UIApplication::~UIApplication() {
     setHost(nullptr);
-    m_delegate = nullptr;
     emptyWindows();
+    m_delegate = nullptr;
     g_application = nullptr;
 }
 
