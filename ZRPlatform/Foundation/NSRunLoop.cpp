@@ -56,6 +56,8 @@ void NSRunLoop::performBlock(std::function<void()> block) {
     {
         const std::lock_guard lock(m_mutex);
         m_blocks.push_back(std::move(block));
+        if (isOfThisThread())
+            m_blocksToRun = m_blocks.size();
     }
     wake();
 }
@@ -90,6 +92,7 @@ bool NSRunLoop::runDue() {
     {
         const std::lock_guard lock(m_mutex);
         m_hasNewTimer = false; // it is seen from here on
+        m_blocksToRun = m_blocks.size();
     }
     bool hasRun = false;
     while (runNextBlock() || runNextTimer(now))
@@ -101,10 +104,11 @@ bool NSRunLoop::runNextBlock() {
     std::function<void()> block;
     {
         const std::lock_guard lock(m_mutex);
-        if (m_blocks.empty())
+        if (m_blocksToRun == 0)
             return false;
         block = std::move(m_blocks.front());
         m_blocks.pop_front();
+        --m_blocksToRun;
     }
     block();
     return true;
@@ -128,10 +132,27 @@ bool NSRunLoop::runNextTimer(Nanoseconds now) {
     return true;
 }
 
+bool NSRunLoop::hasOwnWork() const {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_blocksToRun > 0)
+            return true;
+    }
+    const std::optional<Nanoseconds> timer = nextTimerTime();
+    return timer && *timer <= Clock::current().now();
+}
+
 std::optional<Nanoseconds> NSRunLoop::nextDueTime() const {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!m_blocks.empty())
+            return Clock::current().now();
+    }
+    return nextTimerTime();
+}
+
+std::optional<Nanoseconds> NSRunLoop::nextTimerTime() const {
     const std::lock_guard lock(m_mutex);
-    if (!m_blocks.empty())
-        return Clock::current().now();
     if (m_timers.empty())
         return std::nullopt;
     return (*std::ranges::min_element(m_timers, {}, &NSTimer::m_fireTime))->m_fireTime;
@@ -182,6 +203,7 @@ void NSRunLoop::removeAll() {
     {
         const std::lock_guard lock(m_mutex);
         blocks.swap(m_blocks);
+        m_blocksToRun = 0;
         timers.swap(m_timers);
         m_hasNewTimer = false;
     }

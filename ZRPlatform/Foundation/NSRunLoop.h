@@ -34,11 +34,16 @@ public:
     void cancelPerformRequests(const NSObject* target, SEL selector, const NSValue& argument);
 
     /// The host's side: runs everything that is due now, in order (blocks in the order they came, then timers by fire
-    /// time and by age), until nothing is due. What comes in meanwhile is run too; a timer whose time comes only while
-    /// this runs waits for the next call. Returns whether anything ran.
+    /// time and by age). What this hands over meanwhile, on the loop's own thread, is run too. What other threads hand
+    /// over meanwhile waits for the next call, as does a timer whose time comes only while this runs: so a flood of
+    /// them does not keep the host from its frames. Returns whether anything ran.
     bool runDue();
+    /// Whether `runDue` would run anything that was not handed over by another thread since its last call.
+    bool hasOwnWork() const;
     /// When the next timer is due; the present when a block waits; nothing when there is nothing to wait for.
     std::optional<Nanoseconds> nextDueTime() const;
+    /// When the next timer is due, whatever blocks wait.
+    std::optional<Nanoseconds> nextTimerTime() const;
     /// Called, on the thread that hands something over, when the loop has new work. May be empty. Once this returns,
     /// the handler set before is not running on any other thread.
     void setWakeHandler(std::function<void()> handler);
@@ -63,6 +68,7 @@ private:
     std::recursive_mutex m_wakeMutex; // recursive, as a wake handler may hand something over
     std::function<void()> m_wakeHandler;
     std::deque<std::function<void()>> m_blocks;
+    std::size_t m_blocksToRun = 0; // of those in front, by the present or last `runDue`
     std::vector<Ref<NSTimer>> m_timers;
 };
 

@@ -72,6 +72,47 @@ TEST_F(NSRunLoopTest, RunsWhatIsHandedOverWhileItRuns) {
     EXPECT_EQ(order, "abc");
 }
 
+TEST_F(NSRunLoopTest, AFloodFromAnotherThreadWaitsForTheNextTurn) {
+    // Each block that runs makes another thread hand over one more, as a thread does that never rests.
+    NSRunLoop* loop = NSRunLoop::currentRunLoop();
+    int runs = 0;
+    std::function<void()> another = [&] {
+        ++runs;
+        std::thread([&] { loop->performBlock(another); }).join();
+    };
+    another();
+    for (int turn = 2; turn < 5; ++turn) {
+        EXPECT_FALSE(loop->hasOwnWork());
+        EXPECT_TRUE(loop->nextDueTime());
+        EXPECT_TRUE(loop->runDue());
+        EXPECT_EQ(runs, turn);
+    }
+    loop->removeAll();
+}
+
+TEST_F(NSRunLoopTest, WhatWaitsBeforeAnOwnBlockRunsWithIt) {
+    std::string order;
+    NSRunLoop* loop = NSRunLoop::currentRunLoop();
+    loop->performBlock([&] {
+        order += 'a';
+        std::thread([&] { loop->performBlock([&] { order += 'b'; }); }).join();
+        loop->performBlock([&] { order += 'c'; });
+        EXPECT_TRUE(loop->hasOwnWork());
+    });
+    loop->runDue();
+    EXPECT_EQ(order, "abc");
+    EXPECT_FALSE(loop->hasOwnWork());
+}
+
+TEST_F(NSRunLoopTest, ATimerThatIsDueIsOwnWork) {
+    NSRunLoop* loop = NSRunLoop::currentRunLoop();
+    timer(0.1, [] {});
+    EXPECT_FALSE(loop->hasOwnWork());
+    EXPECT_EQ(loop->nextTimerTime(), nanosecondsFromSeconds(0.1));
+    skip(0.1);
+    EXPECT_TRUE(loop->hasOwnWork());
+}
+
 TEST_F(NSRunLoopTest, MayBeRunByWhatItRuns) {
     std::string order;
     NSRunLoop* loop = NSRunLoop::currentRunLoop();

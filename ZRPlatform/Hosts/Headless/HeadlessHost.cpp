@@ -71,14 +71,13 @@ void HeadlessHost::advanceTo(Nanoseconds target) {
     for (;;) {
         turn();
         const Nanoseconds now = m_clock.now();
-        const std::optional<Nanoseconds> due = NSRunLoop::mainRunLoop()->nextDueTime();
         // Composing a frame may hand over work for this very moment.
-        if (due && *due <= now)
+        if (NSRunLoop::mainRunLoop()->hasOwnWork())
             continue;
         recordIfDue();
         if (now >= target)
             return;
-        Nanoseconds next = std::min(target, due.value_or(target));
+        Nanoseconds next = std::min(target, NSRunLoop::mainRunLoop()->nextTimerTime().value_or(target));
         if (m_recorder)
             next = std::min(next, m_recorder->nextFrameTime());
         m_clock.advanceTo(next);
