@@ -50,8 +50,12 @@ void addEllipticArc(CGMutablePathRef path, const CGAffineTransform* transform, C
 /// How far an arc goes, in radians with its sign: less than a turn in the asked direction when the end lies behind the
 /// start, at most a turn and the rest when it lies far ahead.
 CGFloat arcSweep(CGFloat startAngle, CGFloat endAngle, bool clockwise) {
+    // More than angles in single precision are off by, less than anybody sees.
+    constexpr CGFloat kAngleRounding = CGFloat(1e-6);
     CGFloat sweep = clockwise ? startAngle - endAngle : endAngle - startAngle;
-    if (sweep < 0)
+    if (std::fabs(std::fabs(sweep) - 2 * kPi) < kAngleRounding)
+        sweep = 2 * kPi; // a full circle in either direction, on whichever side the rounding falls
+    else if (sweep < 0)
         sweep = std::fmod(sweep, 2 * kPi) + 2 * kPi;
     else if (sweep > 2 * kPi)
         sweep = std::fmod(sweep, 2 * kPi) + 2 * kPi;

@@ -12,6 +12,7 @@
 #include <ZRPlatform/UIKit/Events/UIEvent.h>
 #include <ZRPlatform/UIKit/Events/UIResponder.h>
 #include <ZRPlatform/UIKit/Events/UITouch.h>
+#include <ZRPlatform/UIKit/Images/UIBezierPath.h>
 #include <ZRPlatform/UIKit/Images/UIColor.h>
 #include <ZRPlatform/UIKit/Images/UIGraphics.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>

@@ -144,6 +144,22 @@ TEST(CGPath, ArcOfEqualAnglesIsAPointAndOfAFullTurnACircle) {
     EXPECT_NEAR(box.size.height, 10, 1e-4);
 }
 
+TEST(CGPath, ATurnIsAFullCircleWhereverItStartsAndHoweverItIsRounded) {
+    for (int i = -1000; i <= 1000; ++i) {
+        const CGFloat start = CGFloat(i) * CGFloat(0.0123);
+        for (const CGFloat turn : {2 * kPi, static_cast<CGFloat>(static_cast<float>(2 * kPi))}) {
+            for (const bool clockwise : {false, true}) {
+                for (const CGFloat end : {start + turn, start - turn}) {
+                    const Ref<CGMutablePath> path = CGPathCreateMutable();
+                    CGPathAddArc(path, nullptr, 0, 0, 5, start, end, clockwise);
+                    EXPECT_NEAR(CGPathGetPathBoundingBox(path).size.width, 10, 1e-3) << start << ' ' << end;
+                    EXPECT_NEAR(CGPathGetPathBoundingBox(path).size.height, 10, 1e-3) << start << ' ' << end;
+                }
+            }
+        }
+    }
+}
+
 TEST(CGPath, ALineLeadsToAnArc) {
     const auto path = CGPathCreateMutable();
     CGPathMoveToPoint(path, nullptr, 0, 0);
