@@ -153,6 +153,63 @@ TEST(UIControlActions, WithoutATargetTheFirstResponderUpwardsThatTakesIt) {
     EXPECT_EQ(inner->count, 2);
 }
 
+namespace {
+
+/// A sender in one branch of the window's views, and what may be first responder in another.
+class ActionWithoutTarget : public OnScreen {
+protected:
+    class FirstResponder : public UIView {
+    public:
+        bool canBecomeFirstResponder() const override { return true; }
+    };
+
+    ActionWithoutTarget() {
+        for (const auto& branch : {senders, others})
+            window->addSubview(branch);
+        senders->addSubview(sender);
+        others->addSubview(inner);
+        inner->addSubview(first);
+    }
+
+    bool send() { return host.application()->sendAction_to_from_forEvent(kReceived, nullptr, sender, nullptr); }
+
+    static constexpr SEL kReceived = selector<&ReceivingView::received>;
+    Ref<ReceivingView> senders = make<ReceivingView>(), others = make<ReceivingView>(), inner = make<ReceivingView>();
+    Ref<UIControl> sender = make<UIControl>();
+    Ref<FirstResponder> first = make<FirstResponder>();
+};
+
+} // namespace
+
+TEST_F(ActionWithoutTarget, GoesUpwardsFromTheFirstResponder) {
+    ASSERT_TRUE(first->becomeFirstResponder());
+    EXPECT_TRUE(send());
+    EXPECT_EQ(inner->count, 1);
+    sender->addTarget_action_forControlEvents(nullptr, kReceived, UIControlEventTouchDown);
+    sender->sendActionsForControlEvents(UIControlEventTouchDown);
+    EXPECT_EQ(inner->count, 2);
+    EXPECT_EQ(others->count, 0);
+    EXPECT_EQ(senders->count, 0);
+}
+
+TEST_F(ActionWithoutTarget, GoesUpwardsFromTheSenderWhenNobodyThereTakesIt) {
+    EXPECT_TRUE(send()); // without a first responder
+    EXPECT_EQ(senders->count, 1);
+    window->addSubview(first);
+    ASSERT_TRUE(first->becomeFirstResponder());
+    EXPECT_TRUE(send());
+    EXPECT_EQ(senders->count, 2);
+    EXPECT_EQ(inner->count + others->count, 0);
+}
+
+TEST_F(ActionWithoutTarget, IsDroppedWhenNobodyTakesIt) {
+    window->addSubview(first);
+    window->addSubview(sender);
+    ASSERT_TRUE(first->becomeFirstResponder());
+    EXPECT_FALSE(send());
+    EXPECT_EQ(senders->count + inner->count + others->count, 0);
+}
+
 class UIControlOnScreen : public OnScreen {};
 
 TEST_F(UIControlOnScreen, ATouchHandsOverItsEvent) {

@@ -318,6 +318,29 @@ TEST_F(UITextFieldEditing, ADelegateMayDropTheFieldWhileEditingEnds) {
     EXPECT_EQ(field, nullptr);
 }
 
+TEST_F(UITextFieldEditing, OneFieldIsEditedAlsoWhenEndingTheFirstBeginsAThird) {
+    class Starter : public NSObject, public UITextFieldDelegate {
+    public:
+        void textFieldDidEndEditing(UITextField*) override { next->becomeFirstResponder(); }
+        Ref<UITextField> next;
+    };
+    const auto second = place(make<UITextField>(), CGRectMake(10, 50, 200, 30));
+    const auto third = place(make<UITextField>(), CGRectMake(10, 90, 200, 30));
+    const auto starter = make<Starter>();
+    starter->next = third;
+    field->setDelegate(starter);
+    field->becomeFirstResponder();
+    EXPECT_FALSE(second->becomeFirstResponder());
+    EXPECT_FALSE(field->isEditing());
+    EXPECT_FALSE(second->isEditing());
+    EXPECT_FALSE(second->isFirstResponder());
+    EXPECT_TRUE(third->isEditing());
+    EXPECT_TRUE(third->isFirstResponder());
+    host.typeText("x");
+    EXPECT_EQ(third->text(), "x");
+    EXPECT_EQ(second->text(), "");
+}
+
 TEST_F(UITextFieldEditing, AFieldOfNoSizeIsTolerated) {
     field->setFrame(CGRectMake(std::nan(""), 0, std::nan(""), 30));
     edit("text");

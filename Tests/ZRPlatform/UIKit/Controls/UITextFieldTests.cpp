@@ -144,6 +144,19 @@ TEST_F(UITextFieldLook, TheHostKnowsWhereTheCaretIs) {
     EXPECT_FALSE(host.isTextInputActive());
 }
 
+TEST_F(UITextFieldLook, TheCaretIsWhereTheScreenShowsItWhereverTheWindowLies) {
+    edit("HHH");
+    const CGRect before = field->caretRectOnScreen();
+    EXPECT_NEAR(before.origin.x, above(3).x, 0.5);
+    window->setFrame(CGRectMake(30, 40, 260, 300));
+    EXPECT_EQ(field->caretRectOnScreen(), CGRectOffset(before, 30, 40));
+    EXPECT_EQ(host.pixel({CGRectGetMidX(field->caretRectOnScreen()), CGRectGetMidY(field->caretRectOnScreen())}),
+              kCaretBlue);
+    host.typeText("H");
+    EXPECT_NEAR(host.caretRect().origin.x, above(4).x + 30, 0.5);
+    EXPECT_EQ(host.caretRect().origin.y, before.origin.y + 40);
+}
+
 TEST_F(UITextFieldLook, SideViewsShowInTheirModesAndTakeRoom) {
     const auto view = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, 24, 20));
     field->setLeftView(view);
