@@ -4,6 +4,7 @@
 #include <ZRPlatform/UIKit/Application/UIApplicationHost.h>
 #include <ZRPlatform/UIKit/Application/UIDevice.h>
 #include <ZRPlatform/UIKit/Application/UIScreen.h>
+#include <ZRPlatform/UIKit/Controls/UIActivityIndicatorView.h>
 #include <ZRPlatform/UIKit/Controls/UIButton.h>
 #include <ZRPlatform/UIKit/Controls/UIControl.h>
 #include <ZRPlatform/UIKit/Controls/UIProgressView.h>

@@ -11,6 +11,8 @@ using namespace zr;
 
 namespace {
 
+constexpr NSTimeInterval kNever = std::numeric_limits<double>::infinity();
+
 /// A layer on the manual clock, with what a host would do between two moments.
 class AnimationTest : public testing::Test {
 protected:
@@ -120,7 +122,7 @@ TEST_F(AnimationTest, FillForwardsHoldsTheEnd) {
     layer->addAnimation_forKey(animation, "fade");
     advanceTo(10);
     EXPECT_FLOAT_EQ(opacity(), 0.5);
-    EXPECT_FALSE(layer->isAnimating());
+    EXPECT_EQ(layer->nextChangeTime(), kNever);
     layer->removeAnimationForKey("fade");
     EXPECT_FLOAT_EQ(opacity(), 1);
 }
@@ -182,7 +184,7 @@ TEST_F(AnimationTest, TheLargestRepeatCountNeverEnds) {
     animation->setRepeatCount(std::numeric_limits<float>::max());
     layer->addAnimation_forKey(animation, "transform");
     advanceTo(1000.125);
-    EXPECT_TRUE(layer->isAnimating());
+    EXPECT_EQ(layer->nextChangeTime(), 1000.125);
     const double angle = layer->presentationValues().transform.m12;
     EXPECT_NEAR(angle, std::sin(std::numbers::pi / 2), 1e-6);
 }
@@ -235,6 +237,40 @@ TEST_F(AnimationTest, DiscreteKeyframesJump) {
     EXPECT_FLOAT_EQ(opacity(), 0);
     advanceTo(0.5);
     EXPECT_FLOAT_EQ(opacity(), 0.5);
+}
+
+TEST_F(AnimationTest, DiscreteKeyframesChangeNothingBetweenTheirSteps) {
+    auto animation = CAKeyframeAnimation::animationWithKeyPath("opacity");
+    animation->setValues({0.0, 0.5, 1.0});
+    animation->setKeyTimes({0, 0.5, 0.75, 1});
+    animation->setCalculationMode(kCAAnimationDiscrete);
+    animation->setDuration(1);
+    animation->setSpeed(0.5f);
+    animation->setRepeatCount(3);
+    layer->addAnimation_forKey(animation, "a");
+    EXPECT_EQ(layer->nextChangeTime(), 0); // it has not started
+    const std::pair<double, double> nextChanges[] = {{0, 1}, {0.99, 1}, {1, 1.5}, {1.75, 2}, {2, 3}, {5.75, 6}};
+    for (const auto& [time, next] : nextChanges) {
+        advanceTo(time);
+        EXPECT_DOUBLE_EQ(layer->nextChangeTime(), next) << time;
+    }
+    advanceTo(6);
+    EXPECT_EQ(layer->nextChangeTime(), kNever);
+}
+
+TEST_F(AnimationTest, WhatIsYetToBeginOrStandsStillChangesNothing) {
+    auto later = fade(0, 1, 1);
+    later->setBeginTime(2);
+    layer->addAnimation_forKey(later, "later");
+    auto still = fade(0, 1, 1);
+    still->setSpeed(0);
+    layer->addAnimation_forKey(still, "still");
+    advanceTo(0.5);
+    EXPECT_EQ(layer->nextChangeTime(), 2);
+    advanceTo(2.5);
+    EXPECT_EQ(layer->nextChangeTime(), 2.5);
+    advanceTo(3);
+    EXPECT_EQ(layer->nextChangeTime(), kNever);
 }
 
 TEST_F(AnimationTest, PacedKeyframesMoveEvenly) {
@@ -393,6 +429,16 @@ TEST_F(AnimationTest, ALayerMayBeAnimatedAnewWhenItIsToldOfTheEnd) {
     restarter->stops = 100;
 }
 
+TEST_F(AnimationTest, WithoutAKeyNothingIsReplacedOrRemoved) {
+    layer->addAnimation_forKey(fade(0, 1, 1), nullptr);
+    layer->addAnimation_forKey(fade(0, 0.5, 1), nullptr);
+    layer->removeAnimationForKey(nullptr);
+    EXPECT_EQ(layer->keyedAnimations().size(), 2u);
+    layer->addAnimation_forKey(fade(0, 1, 1), "");
+    layer->removeAnimationForKey("");
+    EXPECT_EQ(layer->keyedAnimations().size(), 2u);
+}
+
 TEST_F(AnimationTest, AStoppedAnimationLeavesNothingToWaitFor) {
     layer->addAnimation_forKey(fade(0, 1, 1e6), "long");
     commit();
@@ -402,7 +448,7 @@ TEST_F(AnimationTest, AStoppedAnimationLeavesNothingToWaitFor) {
 
 TEST_F(AnimationTest, OnlyPlacesAndSizesMove) {
     layer->addAnimation_forKey(fade(0, 1, 1), "fade");
-    EXPECT_TRUE(layer->isAnimating());
+    EXPECT_EQ(layer->nextChangeTime(), 0);
     EXPECT_FALSE(layer->isMoving());
     auto move = CABasicAnimation::animationWithKeyPath("position.x");
     move->setDuration(1);

@@ -68,9 +68,11 @@ void WindowHost::composeIfDue() {
 
 std::optional<Nanoseconds> WindowHost::nextDueTime() const {
     const std::optional<Nanoseconds> due = NSRunLoop::mainRunLoop()->nextDueTime();
-    if (!wantsFrame())
+    const std::optional<Nanoseconds> change = m_isVisible ? m_application->nextFrameTime() : std::nullopt;
+    if (!change)
         return due;
-    return due ? std::min(*due, m_nextFrameTime) : m_nextFrameTime;
+    const Nanoseconds frame = std::max(*change, m_nextFrameTime);
+    return due ? std::min(*due, frame) : frame;
 }
 
 void WindowHost::sleep() {

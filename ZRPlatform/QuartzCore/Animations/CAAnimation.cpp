@@ -28,6 +28,12 @@ NSTimeInterval CAAnimation::endTime() const {
     return m_beginTime + std::max(0.0, (m_duration * runs - m_timeOffset) / m_speed);
 }
 
+NSTimeInterval CAAnimation::nextChangeTime(NSTimeInterval time) const {
+    if (!(m_speed > 0) || endTime() <= time)
+        return std::numeric_limits<double>::infinity();
+    return std::max(time, m_beginTime);
+}
+
 std::optional<CAAnimation::Progress> CAAnimation::progressAt(NSTimeInterval time) const {
     double runs = m_repeatCount > 0 ? m_repeatCount : 1.0;
     if (m_autoreverses)
@@ -165,6 +171,18 @@ void CAKeyframeAnimation::apply(LayerValues& values, NSTimeInterval time) const 
         value = interpolateValues(value, m_values[segment + 1], fraction);
     }
     setLayerValueForKeyPath(values, keyPath().utf8(), value);
+}
+
+NSTimeInterval CAKeyframeAnimation::nextChangeTime(NSTimeInterval time) const {
+    const NSTimeInterval next = CAPropertyAnimation::nextChangeTime(time);
+    const bool steps = m_calculationMode.isEqualToString(kCAAnimationDiscrete) && !autoreverses() && !timingFunction();
+    const auto progress = progressAt(time);
+    if (next != time || !steps || !progress || m_values.empty())
+        return next;
+    const auto times = keyTimesFor(m_values, m_keyTimes, true, false);
+    const auto step = std::upper_bound(times.begin(), times.end(), progress->linear);
+    const double left = (step == times.end() ? 1.0 : *step) - progress->linear;
+    return time + left * duration() / speed();
 }
 
 Ref<CAAnimation> CAAnimationGroup::copy() const {

@@ -69,6 +69,9 @@ public:
     virtual void apply(LayerValues& values, NSTimeInterval time) const = 0;
     /// When the animation ends, in the parent's seconds; infinite for one that repeats for ever or stands still.
     NSTimeInterval endTime() const;
+    /// The first moment from `time` on at which something else may show than just before, in the parent's seconds:
+    /// `time` itself while the animation glides, infinite once it changes nothing any more.
+    virtual NSTimeInterval nextChangeTime(NSTimeInterval time) const;
 
 protected:
     /// A moment within one run.
@@ -151,6 +154,8 @@ public:
 
     Ref<CAAnimation> copy() const override;
     void apply(LayerValues& values, NSTimeInterval time) const override;
+    /// A discrete one without timing function changes at its steps only.
+    NSTimeInterval nextChangeTime(NSTimeInterval time) const override;
 
 private:
     std::vector<NSValue> m_values;

@@ -28,7 +28,7 @@ const std::vector<PixelRect>& Compositor::compose(const std::vector<CALayer*>& r
             m_paintedPixels += std::int64_t(rect.width) * rect.height;
         }
     }
-    m_animating = scene->animating;
+    m_nextChangeTime = scene->nextChangeTime;
     m_lastScene = std::move(scene);
     return m_damage;
 }

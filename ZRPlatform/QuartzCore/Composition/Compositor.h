@@ -3,6 +3,7 @@
 #include <ZRPlatform/CoreGraphics/CGImage.h>
 #include <ZRPlatform/QuartzCore/Layers/CALayer.h>
 
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -33,8 +34,9 @@ public:
     const std::vector<PixelRect>& compose(const std::vector<CALayer*>& roots);
     /// The rectangles of the last `compose`.
     const std::vector<PixelRect>& damage() const { return m_damage; }
-    /// Whether the last composed picture holds a running animation, so that the next moment's may differ.
-    bool isAnimating() const { return m_animating; }
+    /// When an animation in the last composed picture changes it, by `CACurrentMediaTime`: a moment that has passed
+    /// already while one glides, infinite when none runs.
+    NSTimeInterval nextChangeTime() const { return m_nextChangeTime; }
     /// The next `compose` paints everything.
     void invalidate();
 
@@ -56,7 +58,7 @@ private:
     std::unique_ptr<struct Scene> m_lastScene;
     std::vector<PixelRect> m_damage;
     std::int64_t m_paintedPixels = 0;
-    bool m_animating = false;
+    NSTimeInterval m_nextChangeTime = std::numeric_limits<double>::infinity();
     bool m_invalid = true;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <numbers>
 
 namespace zr {
@@ -80,13 +81,20 @@ void Coverage::addSpan(float* row, double x0, double x1, double height) {
 const std::uint8_t* Coverage::finish(float opacity) {
     m_bytes.resize(static_cast<std::size_t>(m_stride) * m_area.height);
     const float full = 255 * opacity;
+    // Above one half by more than the sums' rounding errors, so that half of 255 always goes the same way.
+    const float half = 0.5f + 1.0f / 512;
     for (int y = 0; y < m_area.height; ++y) {
         const float* sums = &m_sums[static_cast<std::size_t>(y) * (m_area.width + 2)];
         std::uint8_t* bytes = &m_bytes[static_cast<std::size_t>(y) * m_stride];
         float sum = 0;
-        for (int x = 0; x < m_area.width; ++x) {
+        for (int x = 0; x < m_area.width;) {
             sum += sums[x];
-            bytes[x] = static_cast<std::uint8_t>(std::min(std::fabs(sum), 1.0f) * full + 0.5f);
+            const auto byte = static_cast<std::uint8_t>(std::min(std::fabs(sum), 1.0f) * full + half);
+            // Between two edges nothing changes.
+            const int start = x++;
+            while (x < m_area.width && sums[x] == 0)
+                ++x;
+            std::memset(bytes + start, byte, x - start);
         }
     }
     return m_bytes.data();

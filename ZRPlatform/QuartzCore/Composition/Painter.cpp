@@ -1,6 +1,6 @@
 #include <ZRPlatform/QuartzCore/Composition/Internal/Painter.h>
 
-#include <pixman.h>
+#include <ZRPlatform/QuartzCore/Composition/Internal/Pixman.h>
 
 #include <algorithm>
 #include <cmath>
@@ -11,80 +11,41 @@ namespace {
 
 /// Painted at one go, so that the picture of a group stays in the processor's cache.
 constexpr int kBandHeight = 64;
-/// How far, in pixels, a drawn arc may be from the true one.
-constexpr double kArcTolerance = 0.05;
-/// Less than this many pixels is a rounding error.
-constexpr double kForgiven = 1.0 / 1024;
-
-using ImagePointer = std::shared_ptr<pixman_image_t>;
-
-ImagePointer managed(pixman_image_t* image) {
-    return {image, [](pixman_image_t* i) {
-                if (i)
-                    pixman_image_unref(i);
-            }};
+/// In steps of 1/255, as the pixels of a faded picture are: a colour looks the same whether it is faded alone or with
+/// others.
+PaintColor faded(const PaintColor& color, float opacity) {
+    if (opacity >= 1)
+        return color;
+    const auto level = [](float x) { return static_cast<int>(x * 65535 + 0.5f) >> 8; };
+    const auto product = [factor = level(opacity), level](float x) {
+        const int scaled = level(x) * factor + 128;
+        return static_cast<float>((scaled + (scaled >> 8)) >> 8) / 255;
+    };
+    return {product(color.red), product(color.green), product(color.blue), product(color.alpha)};
 }
 
-ImagePointer solid(const PaintColor& color, float factor = 1) {
-    const auto number = [factor](float x) { return static_cast<std::uint16_t>(x * factor * 65535 + 0.5f); };
-    const pixman_color_t pixmanColor{number(color.red), number(color.green), number(color.blue), number(color.alpha)};
-    return managed(pixman_image_create_solid_fill(&pixmanColor));
+/// The whole pixels inside a box whose corners are cut off by `radius`: there nothing of it is missing.
+PixelRect insideOf(CGRect box, CGFloat radius) {
+    const int left = wholePixel(std::ceil(box.origin.x + radius - kForgiven));
+    const int top = wholePixel(std::ceil(box.origin.y + radius - kForgiven));
+    const int right = wholePixel(std::floor(box.origin.x + box.size.width - radius + kForgiven));
+    const int bottom = wholePixel(std::floor(box.origin.y + box.size.height - radius + kForgiven));
+    return {left, top, std::max(right - left, 0), std::max(bottom - top, 0)};
 }
 
-/// A view of an image's pixels; `part` in whole pixels.
-ImagePointer viewOf(const CGImage& image, PixelRect part) {
-    auto* first = reinterpret_cast<std::uint32_t*>(const_cast<std::uint8_t*>(
-        image.pixels() + std::size_t(part.y) * image.bytesPerRow() + std::size_t(part.x) * 4));
-    return managed(pixman_image_create_bits_no_clear(PIXMAN_a8r8g8b8, part.width, part.height, first,
-                                                     static_cast<int>(image.bytesPerRow())));
-}
-
-/// A whole pixel; far outside of every screen for numbers that no integer holds.
-int wholePixel(double x) { return static_cast<int>(std::clamp(x, -1e8, 1e8)); }
-
-bool isWhole(double x) { return std::fabs(x - std::round(x)) < kForgiven; }
-
-/// `map` takes the screen's pixels to the image's.
-bool setTransform(pixman_image_t* image, const Homography& map) {
-    pixman_f_transform f;
-    const double columns[3][3] = {{map.xx, map.yx, map.tx}, {map.xy, map.yy, map.ty}, {map.xw, map.yw, map.tw}};
-    for (int i = 0; i < 3; ++i) {
-        for (int j = 0; j < 3; ++j)
-            f.m[i][j] = columns[i][j] / (map.isAffine() ? 1 : map.tw);
+/// Calls `paint` with the parts of `area` outside of `middle`, which lies in it.
+template <class Paint>
+void forEachPartAround(PixelRect middle, PixelRect area, Paint paint) {
+    if (middle.isEmpty())
+        middle = {area.x, area.y, 0, 0};
+    const PixelRect parts[] = {{area.x, area.y, area.width, middle.y - area.y},
+                               {area.x, middle.y, middle.x - area.x, middle.height},
+                               {middle.right(), middle.y, area.right() - middle.right(), middle.height},
+                               {area.x, middle.bottom(), area.width, area.bottom() - middle.bottom()}};
+    for (const PixelRect& part : parts) {
+        if (!part.isEmpty())
+            paint(part);
     }
-    pixman_transform_t transform;
-    return pixman_transform_from_pixman_f_transform(&transform, &f) && pixman_image_set_transform(image, &transform);
-}
-
-/// First `a`, then `b`.
-Homography concat(const Homography& a, const Homography& b) {
-    return {a.xx * b.xx + a.xy * b.yx + a.xw * b.tx, a.xx * b.xy + a.xy * b.yy + a.xw * b.ty,
-            a.xx * b.xw + a.xy * b.yw + a.xw * b.tw, a.yx * b.xx + a.yy * b.yx + a.yw * b.tx,
-            a.yx * b.xy + a.yy * b.yy + a.yw * b.ty, a.yx * b.xw + a.yy * b.yw + a.yw * b.tw,
-            a.tx * b.xx + a.ty * b.yx + a.tw * b.tx, a.tx * b.xy + a.ty * b.yy + a.tw * b.ty,
-            a.tx * b.xw + a.ty * b.yw + a.tw * b.tw};
-}
-
-Homography translation(double x, double y) {
-    Homography h;
-    h.tx = x;
-    h.ty = y;
-    return h;
-}
-
-/// Takes `from` to `to`.
-Homography rectToRect(CGRect from, CGRect to) {
-    Homography h;
-    h.xx = to.size.width / from.size.width;
-    h.yy = to.size.height / from.size.height;
-    h.tx = to.origin.x - from.origin.x * h.xx;
-    h.ty = to.origin.y - from.origin.y * h.yy;
-    return h;
-}
-
-bool contains(CGRect box, PixelRect area) {
-    return box.origin.x <= area.x && box.origin.y <= area.y && box.origin.x + box.size.width >= area.right() &&
-           box.origin.y + box.size.height >= area.bottom();
 }
 
 } // namespace
@@ -156,17 +117,67 @@ void Painter::paintSubtree(const SceneNode& node, const Target& target, PixelRec
     area = intersection(area, node.subtreeExtent);
     if (area.isEmpty())
         return;
-    if (node.needsGroup()) {
-        paintGroup(node, target, area);
-        return;
-    }
+    if (node.needsGroup())
+        paintCut(node, target, area);
+    else
+        paintPlainly(node, target, area);
+}
+
+void Painter::paintPlainly(const SceneNode& node, const Target& target, PixelRect area) {
     const PixelRect own = intersection(area, node.extent);
     paintBelowSublayers(node, target, own, node.opacity, false);
     paintNodes(node.index + 1, node.end, target, area);
     paintBorder(node, target, own, node.opacity, false);
 }
 
-void Painter::paintGroup(const SceneNode& node, const Target& target, PixelRect area) {
+/// Only at its rim does a shape cut anything.
+void Painter::paintCut(const SceneNode& node, const Target& target, PixelRect area) {
+    PixelRect inside = area;
+    if (node.clipsToShape)
+        inside = node.box ? intersection(area, insideOf(*node.box, node.cornerRadius * node.toScreen.xx)) : PixelRect{};
+    forEachPartAround(inside, area, [&](PixelRect part) { paintGroup(node, target, part, node.clipsToShape); });
+    if (inside.isEmpty())
+        return;
+    if (node.opacity >= 1)
+        paintPlainly(node, target, inside);
+    else
+        paintFaded(node, target, inside);
+}
+
+/// Where a single thing shows, nothing has to be put together before it is faded: around the others, that is the
+/// largest one, often a colour over the whole screen.
+void Painter::paintFaded(const SceneNode& node, const Target& target, PixelRect area) {
+    const auto pixelCount = [](const PixelRect& rect) { return std::int64_t(rect.width) * rect.height; };
+    const SceneNode* largest = &node;
+    for (int i = node.index + 1; i < node.end; ++i) {
+        if (pixelCount(m_scene.nodes[i].extent) > pixelCount(largest->extent))
+            largest = &m_scene.nodes[i];
+    }
+    PixelRect together;
+    for (int i = node.index; i < node.end; ++i) {
+        if (&m_scene.nodes[i] != largest)
+            together = unionOf(together, intersection(area, m_scene.nodes[i].extent));
+    }
+    if (!fadesAlone(*largest, node))
+        together = area;
+    forEachPartAround(together, area, [&](PixelRect part) {
+        paintBelowSublayers(*largest, target, intersection(part, largest->extent), node.opacity, false);
+    });
+    if (!together.isEmpty())
+        paintGroup(node, target, together, false);
+}
+
+/// Whether fading the layer alone gives the pixels that it has in the faded picture of `group`, to the last bit.
+bool Painter::fadesAlone(const SceneNode& layer, const SceneNode& group) const {
+    for (const SceneNode* each = &layer; each != &group; each = &m_scene.nodes[each->parent]) {
+        if (each->opacity < 1 || each->clipsToShape || m_scene.nodes[each->parent].clipsToShape)
+            return false;
+    }
+    return layer.ownParts() <= 1 && !layer.hasBorder() && layer.box && layer.cornerRadius == 0 &&
+           contains(*layer.box, layer.extent);
+}
+
+void Painter::paintGroup(const SceneNode& node, const Target& target, PixelRect area, bool shaped) {
     if (m_scratch.size() <= m_groupDepth)
         m_scratch.emplace_back();
     auto& pixels = m_scratch[m_groupDepth++];
@@ -175,14 +186,12 @@ void Painter::paintGroup(const SceneNode& node, const Target& target, PixelRect 
         pixman_image_create_bits_no_clear(PIXMAN_a8r8g8b8, area.width, area.height, pixels.data(), area.width * 4));
     const Target group{image.get(), area};
     const PixelRect own = intersection(area, node.extent);
-    paintBelowSublayers(node, group, own, 1, node.clipsToShape);
+    paintBelowSublayers(node, group, own, 1, shaped);
     paintNodes(node.index + 1, node.end, group, area);
-    paintBorder(node, group, own, 1, node.clipsToShape);
+    paintBorder(node, group, own, 1, shaped);
     --m_groupDepth;
 
-    const ImagePointer mask = node.clipsToShape  ? managed(shapeMask(node, area, node.opacity))
-                              : node.opacity < 1 ? solid({0, 0, 0, 1}, node.opacity)
-                                                 : ImagePointer();
+    const ImagePointer mask = shaped ? managed(shapeMask(node, area, node.opacity)) : solid({0, 0, 0, 1}, node.opacity);
     pixman_image_composite32(PIXMAN_OP_OVER, image.get(), mask.get(), target.image, 0, 0, 0, 0, area.x - target.area.x,
                              area.y - target.area.y, area.width, area.height);
 }
@@ -193,9 +202,7 @@ void Painter::paintBelowSublayers(const SceneNode& node, const Target& target, P
         return;
     const CGFloat radius = shaped ? 0 : node.cornerRadius;
     if (node.background.alpha > 0) {
-        PaintColor color = node.background;
-        for (float* part : {&color.red, &color.green, &color.blue, &color.alpha})
-            *part *= opacity;
+        const PaintColor color = faded(node.background, opacity);
         if (node.box)
             fillBox(*node.box, radius * node.toScreen.xx, color, target, area);
         else
@@ -210,9 +217,7 @@ void Painter::paintBelowSublayers(const SceneNode& node, const Target& target, P
 void Painter::paintBorder(const SceneNode& node, const Target& target, PixelRect area, float opacity, bool shaped) {
     if (!node.hasBorder() || area.isEmpty())
         return;
-    PaintColor color = node.border;
-    for (float* part : {&color.red, &color.green, &color.blue, &color.alpha})
-        *part *= opacity;
+    const PaintColor color = faded(node.border, opacity);
     const CGFloat radius = shaped ? 0 : node.cornerRadius;
     if (node.box) {
         // The width in pixels; whole ones for what stands still.
@@ -228,9 +233,11 @@ void Painter::paintBorder(const SceneNode& node, const Target& target, PixelRect
         const CGFloat outerRadius = radius * node.toScreen.xx;
         if (outerRadius > 0 || shaped) {
             const CGFloat innerRadius = std::max<CGFloat>(0, node.cornerRadius * node.toScreen.xx - width);
-            fillPolygons({roundedRectOutline(outer, outerRadius, true, kArcTolerance),
-                          roundedRectOutline(inner, innerRadius, false, kArcTolerance)},
-                         color, target, area);
+            forEachPartAround(intersection(area, insideOf(inner, innerRadius)), area, [&](PixelRect part) {
+                fillPolygons({roundedRectOutline(outer, outerRadius, true, kArcTolerance),
+                              roundedRectOutline(inner, innerRadius, false, kArcTolerance)},
+                             color, target, part);
+            });
             return;
         }
         const CGFloat bottom = inner.origin.y + inner.size.height, right = inner.origin.x + inner.size.width;
@@ -246,124 +253,6 @@ void Painter::paintBorder(const SceneNode& node, const Target& target, PixelRect
         outlines.push_back(
             outlineOnScreen(node, inner, std::max<CGFloat>(0, node.cornerRadius - node.borderWidth), false));
     fillPolygons(outlines, color, target, area);
-}
-
-// Images
-
-void Painter::paintContents(const SceneNode& node, const Target& target, PixelRect area, float opacity) {
-    const CGRect center = node.contentsCenter;
-    if (center == CGRect{{0, 0}, {1, 1}}) {
-        paintImagePart(node, node.contentsPixels, node.contentsFrame, target, area, opacity);
-        return;
-    }
-    // Nine parts: the corners keep their size, the rest stretches.
-    const CGRect pixels = node.contentsPixels;
-    const CGRect frame = node.contentsFrame;
-    const auto edges = [&](CGFloat start, CGFloat length, CGFloat centerStart, CGFloat centerLength, CGFloat frameStart,
-                           CGFloat frameLength, CGFloat source[4], CGFloat place[4]) {
-        source[0] = start;
-        source[1] = start + length * centerStart;
-        source[2] = start + length * (centerStart + centerLength);
-        source[3] = start + length;
-        place[0] = frameStart;
-        place[1] = frameStart + (source[1] - source[0]) / node.contentsScale;
-        place[2] = frameStart + frameLength - (source[3] - source[2]) / node.contentsScale;
-        place[3] = frameStart + frameLength;
-    };
-    CGFloat sourceX[4], placeX[4], sourceY[4], placeY[4];
-    edges(pixels.origin.x, pixels.size.width, center.origin.x, center.size.width, frame.origin.x, frame.size.width,
-          sourceX, placeX);
-    edges(pixels.origin.y, pixels.size.height, center.origin.y, center.size.height, frame.origin.y, frame.size.height,
-          sourceY, placeY);
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column) {
-            paintImagePart(
-                node,
-                {{sourceX[column], sourceY[row]},
-                 {sourceX[column + 1] - sourceX[column], sourceY[row + 1] - sourceY[row]}},
-                {{placeX[column], placeY[row]}, {placeX[column + 1] - placeX[column], placeY[row + 1] - placeY[row]}},
-                target, area, opacity);
-        }
-    }
-}
-
-void Painter::paintImagePart(const SceneNode& node, CGRect pixels, CGRect frame, const Target& target, PixelRect area,
-                             float opacity) {
-    if (!(pixels.size.width > 0 && pixels.size.height > 0 && frame.size.width > 0 && frame.size.height > 0))
-        return;
-    const CGImage& image = *node.contents;
-    const int left = wholePixel(std::floor(pixels.origin.x + kForgiven));
-    const int top = wholePixel(std::floor(pixels.origin.y + kForgiven));
-    const int right = wholePixel(std::ceil(pixels.origin.x + pixels.size.width - kForgiven));
-    const int bottom = wholePixel(std::ceil(pixels.origin.y + pixels.size.height - kForgiven));
-    const PixelRect part =
-        intersection({left, top, right - left, bottom - top}, {0, 0, int(image.width()), int(image.height())});
-    if (part.isEmpty())
-        return;
-    const ImagePointer source = viewOf(image, part);
-    ImagePointer mask = opacity < 1 ? solid({0, 0, 0, 1}, opacity) : nullptr;
-
-    CGRect box = node.toScreen.boundingBox(frame);
-    const bool straight = node.toScreen.isScaleAndTranslation();
-    const bool sameSize = straight && isWhole(pixels.origin.x) && isWhole(pixels.origin.y) &&
-                          std::fabs(box.size.width - part.width) < kForgiven &&
-                          std::fabs(box.size.height - part.height) < kForgiven;
-    if (sameSize && !node.moving)
-        box.origin = {std::round(box.origin.x), std::round(box.origin.y)};
-    if (sameSize && isWhole(box.origin.x) && isWhole(box.origin.y)) {
-        const int x = wholePixel(std::round(box.origin.x)), y = wholePixel(std::round(box.origin.y));
-        const PixelRect visible = intersection(area, {x, y, part.width, part.height});
-        if (visible.isEmpty())
-            return;
-        const auto operation = image.isOpaque() && opacity >= 1 ? PIXMAN_OP_SRC : PIXMAN_OP_OVER;
-        pixman_image_composite32(operation, source.get(), mask.get(), target.image, visible.x - x, visible.y - y, 0, 0,
-                                 visible.x - target.area.x, visible.y - target.area.y, visible.width, visible.height);
-        return;
-    }
-
-    // Sampled: the image goes on beyond its edges, and the exact outline cuts it.
-    const auto toPoints = node.toScreen.inverse();
-    if (!toPoints)
-        return;
-    Homography map =
-        concat(*toPoints, rectToRect(frame, {{pixels.origin.x - part.x, pixels.origin.y - part.y}, pixels.size}));
-    area = intersection(area, {wholePixel(std::floor(box.origin.x)), wholePixel(std::floor(box.origin.y)),
-                               wholePixel(std::ceil(box.size.width)) + 1, wholePixel(std::ceil(box.size.height)) + 1});
-    if (area.isEmpty() || !setTransform(source.get(), concat(translation(area.x, area.y), map)))
-        return;
-    pixman_image_set_filter(source.get(), PIXMAN_FILTER_BILINEAR, nullptr, 0);
-    pixman_image_set_repeat(source.get(), PIXMAN_REPEAT_PAD);
-    if (!(straight && contains(box, area))) {
-        m_coverage.begin(area);
-        m_coverage.addPolygon(outlineOnScreen(node, frame, 0, true));
-        auto* bytes = reinterpret_cast<std::uint32_t*>(const_cast<std::uint8_t*>(m_coverage.finish(opacity)));
-        mask =
-            managed(pixman_image_create_bits_no_clear(PIXMAN_a8, area.width, area.height, bytes, m_coverage.stride()));
-    }
-    pixman_image_composite32(PIXMAN_OP_OVER, source.get(), mask.get(), target.image, 0, 0, 0, 0, area.x - target.area.x,
-                             area.y - target.area.y, area.width, area.height);
-}
-
-/// Tiles from the origin of the layer's coordinates, one pixel of the image a point; never blended across a tile's
-/// edge.
-void Painter::paintPattern(const SceneNode& node, const Target& target, PixelRect area, float opacity, CGFloat radius) {
-    const CGImage& image = *node.backgroundPattern;
-    const auto toPoints = node.toScreen.inverse();
-    if (!toPoints)
-        return;
-    const ImagePointer source = viewOf(image, {0, 0, int(image.width()), int(image.height())});
-    if (!setTransform(source.get(), concat(translation(area.x, area.y), *toPoints)))
-        return;
-    pixman_image_set_filter(source.get(), PIXMAN_FILTER_NEAREST, nullptr, 0);
-    pixman_image_set_repeat(source.get(), PIXMAN_REPEAT_NORMAL);
-    ImagePointer mask;
-    if (radius > 0 || !node.box || !contains(*node.box, area))
-        mask = managed(shapeMask(node, area, opacity));
-    else if (opacity < 1)
-        mask = solid({0, 0, 0, 1}, opacity);
-    const auto operation = image.isOpaque() && !mask ? PIXMAN_OP_SRC : PIXMAN_OP_OVER;
-    pixman_image_composite32(operation, source.get(), mask.get(), target.image, 0, 0, 0, 0, area.x - target.area.x,
-                             area.y - target.area.y, area.width, area.height);
 }
 
 // Shapes

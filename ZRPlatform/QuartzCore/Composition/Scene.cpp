@@ -95,7 +95,8 @@ private:
 void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen, PixelRect clip, int parent) {
     const LayerValues values = layer.hasAnimations() ? layer.presentationValues() : layer.modelValues();
     // What cannot be seen at this moment may be about to appear; below a layer that is hidden nothing can.
-    m_scene.animating = m_scene.animating || (!layer.isHidden() && layer.isAnimating());
+    if (!layer.isHidden())
+        m_scene.nextChangeTime = std::min(m_scene.nextChangeTime, layer.nextChangeTime());
     if (values.hidden || !(values.opacity > 0))
         return;
     const CATransform3D transform = CATransform3DConcat(values.toSuperlayer(), superToScreen);
@@ -141,8 +142,8 @@ void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen,
         // A bitmap covers whole pixels: one made for these bounds may stand out at the right and the bottom, by less
         // than a pixel. It keeps its size, so that nothing is resampled.
         if (layer.contentsGravity() == kCAGravityResize && node.contentsScale == m_scale &&
-            std::ceil(values.bounds.size.width * m_scale) == width &&
-            std::ceil(values.bounds.size.height * m_scale) == height && part == CGRect{{0, 0}, {1, 1}})
+            bitmapLength(values.bounds.size.width, m_scale) == width &&
+            bitmapLength(values.bounds.size.height, m_scale) == height && part == CGRect{{0, 0}, {1, 1}})
             node.contentsFrame.size = {CGFloat(width / m_scale), CGFloat(height / m_scale)};
         contentsBox = node.toScreen.boundingBox(node.contentsFrame);
         if (!CGRectIsFinite(contentsBox))
@@ -179,6 +180,14 @@ void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen,
     }
 }
 
+bool mayLeaveItsPlace(const Ref<CALayer>& layer) { return layer->zPosition() != 0 || layer->hasAnimations(); }
+
+/// The zPosition that shows; what is not a number has no place among the others, and counts as 0.
+CGFloat heightOf(const CALayer& layer) {
+    const CGFloat height = layer.hasAnimations() ? layer.presentationValues().zPosition : layer.zPosition();
+    return std::isnan(height) ? 0 : height;
+}
+
 void SceneBuilder::addSublayers(const CALayer& layer, const LayerValues& values, const CATransform3D& toScreen,
                                 PixelRect clip, int index) {
     CATransform3D transform = toScreen;
@@ -189,14 +198,17 @@ void SceneBuilder::addSublayers(const CALayer& layer, const LayerValues& values,
         transform = CATransform3DConcat(values.sublayerTransform, transform);
         transform = CATransform3DTranslate(transform, -x, -y, 0);
     }
-    std::vector<const CALayer*> sublayers(layer.sublayers().begin(), layer.sublayers().end());
-    const auto height = [](const CALayer* sublayer) {
-        return sublayer->hasAnimations() ? sublayer->presentationValues().zPosition : sublayer->zPosition();
-    };
-    const auto lower = [&](const CALayer* a, const CALayer* b) { return height(a) < height(b); };
-    if (!std::is_sorted(sublayers.begin(), sublayers.end(), lower))
-        std::stable_sort(sublayers.begin(), sublayers.end(), lower);
-    for (const CALayer* sublayer : sublayers)
+    const auto& sublayers = layer.sublayers();
+    if (std::none_of(sublayers.begin(), sublayers.end(), mayLeaveItsPlace)) {
+        for (const auto& sublayer : sublayers)
+            add(*sublayer, transform, clip, index);
+        return;
+    }
+    std::vector<std::pair<CGFloat, const CALayer*>> byHeight;
+    for (const auto& sublayer : sublayers)
+        byHeight.emplace_back(heightOf(*sublayer), sublayer);
+    std::stable_sort(byHeight.begin(), byHeight.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    for (const auto& [height, sublayer] : byHeight)
         add(*sublayer, transform, clip, index);
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace zr {
 
@@ -217,18 +218,23 @@ void CALayer::addAnimation_forKey(CAAnimation* animation, const NSString& key) {
     if (!animation)
         return;
     // The new one is in place before the old one is told: what it does then is done to the new one.
-    RunningAnimation replaced;
-    for (std::size_t i = 0; i < m_animations.size(); ++i) {
-        if (!key.isNil() && m_animations[i].key == key) {
-            replaced = m_animations[i];
-            m_animations.erase(m_animations.begin() + i);
-            break;
-        }
-    }
+    const auto replaced = takeAnimation(key);
     m_animations.push_back({key, animation->copy(), false, nullptr});
     CATransaction::addPendingAnimation(this);
-    if (replaced.animation)
-        tellStopped(replaced, false);
+    if (replaced)
+        tellStopped(*replaced, false);
+}
+
+/// Nothing when there is none of that key, and there is none of a nil one. It is not told.
+std::optional<CALayer::RunningAnimation> CALayer::takeAnimation(const NSString& key) {
+    const auto found = std::find_if(m_animations.begin(), m_animations.end(), [&](const RunningAnimation& running) {
+        return !key.isNil() && running.key == key;
+    });
+    if (found == m_animations.end())
+        return std::nullopt;
+    const RunningAnimation taken = *found;
+    m_animations.erase(found);
+    return taken;
 }
 
 CALayer::RunningAnimation* CALayer::find(const CAAnimation* animation) {
@@ -288,14 +294,8 @@ void CALayer::tellStopped(const RunningAnimation& running, bool finished) {
 }
 
 void CALayer::removeAnimationForKey(const NSString& key) {
-    for (std::size_t i = 0; i < m_animations.size(); ++i) {
-        if (!key.isNil() && m_animations[i].key == key) {
-            const RunningAnimation removed = m_animations[i];
-            m_animations.erase(m_animations.begin() + i);
-            tellStopped(removed, false);
-            return;
-        }
-    }
+    if (const auto removed = takeAnimation(key))
+        tellStopped(*removed, false);
 }
 
 void CALayer::removeAllAnimations() {
@@ -348,11 +348,14 @@ Ref<CALayer> CALayer::presentationLayer() const {
     return layer;
 }
 
-bool CALayer::isAnimating() const {
+NSTimeInterval CALayer::nextChangeTime() const {
+    NSTimeInterval next = std::numeric_limits<double>::infinity();
     const NSTimeInterval now = CACurrentMediaTime();
-    return std::any_of(m_animations.begin(), m_animations.end(), [now](const RunningAnimation& running) {
-        return running.animation->speed() > 0 && (!running.started || running.animation->endTime() > now);
-    });
+    for (const auto& running : m_animations) {
+        const bool isStill = !(running.animation->speed() > 0);
+        next = std::min(next, running.started || isStill ? running.animation->nextChangeTime(now) : now);
+    }
+    return next;
 }
 
 namespace {

@@ -5,6 +5,7 @@
 #include <ZRPlatform/QuartzCore/Animations/CAAnimation.h>
 #include <ZRPlatform/QuartzCore/Layers/LayerValues.h>
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -156,8 +157,9 @@ public:
     const LayerValues& modelValues() const { return m_values; }
     /// A copy of this layer (without sublayers and animations) with the presentation's values.
     Ref<CALayer> presentationLayer() const;
-    /// Whether a running animation changes what shows between now and its end.
-    bool isAnimating() const;
+    /// When a running animation next changes what shows, by `CACurrentMediaTime`: now while one glides, infinite when
+    /// none changes anything any more.
+    NSTimeInterval nextChangeTime() const;
     /// Whether a running animation changes where the layer or its sublayers are, or how large.
     bool isMoving() const;
     /// @}
@@ -189,6 +191,7 @@ private:
     void change(const char* key, T LayerValues::*member, const T& value);
     void contentsChanged();
     RunningAnimation* find(const CAAnimation* animation);
+    std::optional<RunningAnimation> takeAnimation(const NSString& key);
     void startAnimations(NSTimeInterval now);
     void start(RunningAnimation& running, NSTimeInterval now);
     void animationReachedEnd(CAAnimation* animation);

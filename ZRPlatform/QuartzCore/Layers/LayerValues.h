@@ -5,6 +5,7 @@
 #include <ZRPlatform/Foundation/NSValue.h>
 #include <ZRPlatform/QuartzCore/Layers/CATransform3D.h>
 
+#include <cmath>
 #include <string_view>
 
 namespace zr {
@@ -36,6 +37,10 @@ struct LayerValues {
     /// From this layer's coordinates to its superlayer's.
     CATransform3D toSuperlayer() const;
 };
+
+/// How many pixels a bitmap has along `length` points. A part of a pixel is a whole one; a millionth of one or less is
+/// a rounding error, and is dropped.
+inline double bitmapLength(CGFloat length, CGFloat scale) { return std::ceil(double(length) * scale - 1e-6); }
 
 /// The value of a key path such as "opacity", "bounds.size.width", "transform.rotation.z" or "transform.scale"; nil
 /// when there is no such value.

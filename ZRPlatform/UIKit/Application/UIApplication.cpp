@@ -248,8 +248,18 @@ bool UIApplication::clipboardKey(char letter) {
 
 // Frames
 
+std::optional<Nanoseconds> UIApplication::nextFrameTime() const {
+    const Nanoseconds now = Clock::current().now();
+    if (CATransaction::needsFrame())
+        return now;
+    if (!m_compositor || !std::isfinite(m_compositor->nextChangeTime()))
+        return std::nullopt;
+    return nanosecondsFromSeconds(m_compositor->nextChangeTime());
+}
+
 bool UIApplication::needsFrame() const {
-    return CATransaction::needsFrame() || (m_compositor && m_compositor->isAnimating());
+    const std::optional<Nanoseconds> next = nextFrameTime();
+    return next && *next <= Clock::current().now();
 }
 
 Compositor& UIApplication::compositor() {

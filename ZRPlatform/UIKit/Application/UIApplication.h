@@ -75,7 +75,10 @@ public:
     /// A key that is not text; clipboard keys too: with control, 'a', 'c', 'v' and 'x'.
     bool keyPressed(UIKey key, unsigned modifiers) override;
     bool clipboardKey(char letter);
-    /// Whether a frame would show anything new.
+    /// When a frame would show something new, a moment that has passed already for at once; none when nothing would
+    /// until something is changed.
+    std::optional<Nanoseconds> nextFrameTime() const;
+    /// Whether that is now.
     bool needsFrame() const;
     /// Ends a turn: layout, display, animations start, composition. Returns the picture; see `Compositor::damage`.
     Compositor& commitFrame();

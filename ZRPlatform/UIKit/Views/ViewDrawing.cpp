@@ -2,9 +2,8 @@
 
 #include <ZRPlatform/CoreGraphics/CGBitmapContext.h>
 #include <ZRPlatform/CoreGraphics/CGContext.h>
+#include <ZRPlatform/QuartzCore/Layers/LayerValues.h>
 #include <ZRPlatform/UIKit/Images/UIGraphics.h>
-
-#include <cmath>
 
 namespace zr {
 
@@ -16,8 +15,8 @@ constexpr double kMaximalPixels = 64.0 * 1024 * 1024;
 } // namespace
 
 Ref<CGImage> drawIntoBitmap(CGRect bounds, CGFloat scale, const std::function<void(CGRect)>& draw) {
-    const double width = std::ceil(bounds.size.width * scale);
-    const double height = std::ceil(bounds.size.height * scale);
+    const double width = bitmapLength(bounds.size.width, scale);
+    const double height = bitmapLength(bounds.size.height, scale);
     if (!CGRectIsFinite(bounds) || !(width >= 1) || !(height >= 1) || width * height > kMaximalPixels)
         return nullptr;
     const Ref<CGContext> context = CGBitmapContextCreateForLayer(std::size_t(width), std::size_t(height), false);

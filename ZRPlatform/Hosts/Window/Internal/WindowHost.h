@@ -11,7 +11,7 @@ namespace zr {
 /// An application in a window of the desktop, on the real clock.
 ///
 /// The loop sleeps until there is something to do: an event of the window system, a timer, a hand-over from another
-/// thread, or, while something moves, the next of 60 frames a second.
+/// thread, or a frame: the next of 60 a second while something glides, the next step of what goes in steps.
 class WindowHost : public UIApplicationHost {
 public:
     WindowHost(std::unique_ptr<DesktopWindow> window, const WindowOptions& options);

@@ -30,14 +30,21 @@ private:
     bool covers(const SceneNode& node, PixelRect area) const;
     void paintNodes(int first, int end, const Target& target, PixelRect area);
     void paintSubtree(const SceneNode& node, const Target& target, PixelRect area);
-    void paintGroup(const SceneNode& node, const Target& target, PixelRect area);
+    void paintPlainly(const SceneNode& node, const Target& target, PixelRect area);
+    void paintCut(const SceneNode& node, const Target& target, PixelRect area);
+    void paintFaded(const SceneNode& node, const Target& target, PixelRect area);
+    bool fadesAlone(const SceneNode& layer, const SceneNode& group) const;
+    /// By way of a picture of its own, which is then faded and, if `shaped`, cut to the layer's shape.
+    void paintGroup(const SceneNode& node, const Target& target, PixelRect area, bool shaped);
     /// `shaped`: the whole will be cut to the layer's shape afterwards, so that its own edges need not be.
     void paintBelowSublayers(const SceneNode& node, const Target& target, PixelRect area, float opacity, bool shaped);
     void paintBorder(const SceneNode& node, const Target& target, PixelRect area, float opacity, bool shaped);
     void paintContents(const SceneNode& node, const Target& target, PixelRect area, float opacity);
     void paintImagePart(const SceneNode& node, CGRect pixels, CGRect frame, const Target& target, PixelRect area,
                         float opacity);
+    PixelRect firstPixel(CGRect box) const;
     void paintPattern(const SceneNode& node, const Target& target, PixelRect area, float opacity, CGFloat radius);
+    void copyTiles(const CGImage& image, const Homography& toPoints, const Target& target, PixelRect area);
 
     void fillBox(CGRect box, CGFloat radius, const PaintColor& color, const Target& target, PixelRect area);
     void fillStraightBox(CGRect box, const PaintColor& color, const Target& target, PixelRect area);
@@ -52,6 +59,8 @@ private:
     Target m_screen;
     PixelRect m_bounds;
     Coverage m_coverage;
+    /// Which column of a tile each pixel of a row shows.
+    std::vector<std::uint32_t> m_columns;
     /// One for each depth of groups within groups; reused from band to band.
     std::vector<std::vector<std::uint32_t>> m_scratch;
     std::size_t m_groupDepth = 0;

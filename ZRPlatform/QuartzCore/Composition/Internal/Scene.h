@@ -3,6 +3,7 @@
 #include <ZRPlatform/QuartzCore/Composition/Compositor.h>
 #include <ZRPlatform/QuartzCore/Layers/Homography.h>
 
+#include <limits>
 #include <vector>
 
 namespace zr {
@@ -52,11 +53,14 @@ struct SceneNode {
     /// Sublayers are composed into a picture of their own first: they are faded, or cut to a shape, as one.
     bool needsGroup() const {
         const bool hasSublayers = end > index + 1;
-        const int parts = (background.alpha > 0) + (backgroundPattern != nullptr) + (contents != nullptr) + hasBorder();
-        return (opacity < 1 && (hasSublayers || parts > 1)) ||
+        return (opacity < 1 && (hasSublayers || ownParts() > 1)) ||
                (clipsToShape && (hasSublayers || contents || backgroundPattern));
     }
     bool isVisible() const { return background.alpha > 0 || backgroundPattern || contents || hasBorder(); }
+    /// How many things the layer itself shows, one upon the other.
+    int ownParts() const {
+        return (background.alpha > 0) + (backgroundPattern != nullptr) + (contents != nullptr) + hasBorder();
+    }
     bool hasBorder() const { return borderWidth > 0 && border.alpha > 0; }
     /// Whether a group is somewhere above this node.
     bool inGroup = false;
@@ -69,7 +73,8 @@ struct SceneNode {
 /// What shows at one moment: the layer trees, flattened in painting order.
 struct Scene {
     std::vector<SceneNode> nodes;
-    bool animating = false;
+    /// When an animation next changes what shows; see `Compositor::nextChangeTime`.
+    NSTimeInterval nextChangeTime = std::numeric_limits<double>::infinity();
 };
 
 /// Takes the picture of the trees at the clock's time. Layers that cannot be seen are left out.
