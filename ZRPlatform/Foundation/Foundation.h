@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ZRPlatform/Foundation/Atomic.h>
 #include <ZRPlatform/Foundation/Clock.h>
 #include <ZRPlatform/Foundation/NSBundle.h>
 #include <ZRPlatform/Foundation/NSDate.h>

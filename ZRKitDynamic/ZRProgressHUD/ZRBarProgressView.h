@@ -1,0 +1,61 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Views/UIView.h>
+
+#include <vector>
+
+namespace zr {
+
+/// Progress as a pill that grows from the left inside an outlined, pill-shaped track. Its ends follow the ends of the
+/// track; the left one shows whole as soon as there is any progress.
+///
+/// It observes its own properties and draws itself anew whenever one is set. Main thread only.
+class ZRBarProgressView : public UIView {
+public:
+    /// 120 x 20 points at the origin.
+    bool init() override;
+    bool initWithFrame(CGRect frame) override;
+    ~ZRBarProgressView() override;
+
+    /// The part that is done, 0..1; 0 at first. Kept as it is: below 0 looks like 0, above 1 like 1.
+    float progress() const { return m_progress; }
+    virtual void setProgress(float progress);
+    /// The outline of the track, white at first. Nil, here and below, draws in the colour that the context has at that
+    /// moment.
+    UIColor* lineColor() const { return m_lineColor; }
+    virtual void setLineColor(UIColor* color);
+    /// The inside of the track, clear at first.
+    UIColor* progressRemainingColor() const { return m_progressRemainingColor; }
+    virtual void setProgressRemainingColor(UIColor* color);
+    /// The pill, white at first.
+    UIColor* progressColor() const { return m_progressColor; }
+    virtual void setProgressColor(UIColor* color);
+
+    /// @name Observing itself
+    /// @{
+    /// What is observed, in this order. A class with keys of its own adds them here and to its key table.
+    virtual std::vector<NSString> observableKeypaths() const;
+    /// Called by the initialiser, as the last thing.
+    virtual void registerForKVO();
+    virtual void unregisterFromKVO();
+    void observeValueForKeyPath_ofObject_change_context(const NSString& keyPath, NSObject* object,
+                                                        const NSKeyValueChange& change, void* context) override;
+    /// @}
+
+    /// Draws a bar of the rectangle's size at the origin.
+    void drawRect(CGRect rect) override;
+
+protected:
+    const KeyTable& keyTable() const override;
+
+private:
+    void drawTrack(CGSize size) const;
+    void drawPill(CGSize size) const;
+
+    Ref<UIColor> m_lineColor;
+    Ref<UIColor> m_progressRemainingColor;
+    Ref<UIColor> m_progressColor;
+    float m_progress = 0;
+};
+
+} // namespace zr
