@@ -158,8 +158,8 @@ void ZRBarProgressView::drawRect(CGRect rect) {
 void ZRBarProgressView::drawTrack(CGSize size) const {
     const CGContextRef context = UIGraphicsGetCurrentContext();
     CGContextSetLineWidth(context, kLineWidth);
-    CGContextSetStrokeColorWithColor(context, cgColorOf(m_lineColor));
-    CGContextSetFillColorWithColor(context, cgColorOf(m_progressRemainingColor));
+    CGContextSetStrokeColorWithColor(context, cgColorOf(lineColor()));
+    CGContextSetFillColorWithColor(context, cgColorOf(progressRemainingColor()));
     addTrack(context, size);
     CGContextFillPath(context);
     addTrack(context, size);
@@ -168,7 +168,7 @@ void ZRBarProgressView::drawTrack(CGSize size) const {
 
 void ZRBarProgressView::drawPill(CGSize size) const {
     const CGContextRef context = UIGraphicsGetCurrentContext();
-    CGContextSetFillColorWithColor(context, cgColorOf(m_progressColor));
+    CGContextSetFillColorWithColor(context, cgColorOf(progressColor()));
     const auto amount = static_cast<float>(m_progress * size.width);
     addHalf(context, size, {kPillInset, 1}, amount);
     addHalf(context, size, {size.height - kPillInset, -1}, amount);

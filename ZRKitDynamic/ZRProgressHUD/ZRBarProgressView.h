@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ZRPlatform/Foundation/Atomic.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
 #include <vector>
@@ -9,7 +10,8 @@ namespace zr {
 /// Progress as a pill that grows from the left inside an outlined, pill-shaped track. Its ends follow the ends of the
 /// track; the left one shows whole as soon as there is any progress.
 ///
-/// It observes its own properties and draws itself anew whenever one is set. Main thread only.
+/// It observes its own properties and draws itself anew whenever one is set. The properties may be set on any thread;
+/// everything else belongs to the main thread.
 class ZRBarProgressView : public UIView {
 public:
     /// 120 x 20 points at the origin.
@@ -22,13 +24,13 @@ public:
     virtual void setProgress(float progress);
     /// The outline of the track, white at first. Nil, here and below, draws in the colour that the context has at that
     /// moment.
-    UIColor* lineColor() const { return m_lineColor; }
+    Ref<UIColor> lineColor() const { return m_lineColor; }
     virtual void setLineColor(UIColor* color);
     /// The inside of the track, clear at first.
-    UIColor* progressRemainingColor() const { return m_progressRemainingColor; }
+    Ref<UIColor> progressRemainingColor() const { return m_progressRemainingColor; }
     virtual void setProgressRemainingColor(UIColor* color);
     /// The pill, white at first.
-    UIColor* progressColor() const { return m_progressColor; }
+    Ref<UIColor> progressColor() const { return m_progressColor; }
     virtual void setProgressColor(UIColor* color);
 
     /// @name Observing itself
@@ -52,10 +54,10 @@ private:
     void drawTrack(CGSize size) const;
     void drawPill(CGSize size) const;
 
-    Ref<UIColor> m_lineColor;
-    Ref<UIColor> m_progressRemainingColor;
-    Ref<UIColor> m_progressColor;
-    float m_progress = 0;
+    Atomic<Ref<UIColor>> m_lineColor;
+    Atomic<Ref<UIColor>> m_progressRemainingColor;
+    Atomic<Ref<UIColor>> m_progressColor;
+    Atomic<float> m_progress = 0;
 };
 
 } // namespace zr

@@ -78,9 +78,9 @@ ZRProgressHUD::~ZRProgressHUD() {
 
 void ZRProgressHUD::show(bool animated) {
     m_useAnimation = animated;
-    if (graceTime() > 0) {
+    if (const float wait = graceTime(); wait > 0) {
         setGraceTimer(NSTimer::scheduledTimerWithTimeInterval_target_selector_userInfo_repeats(
-            graceTime(), this, selector<&ZRProgressHUD::handleGraceTimer>, nullptr, false));
+            wait, this, selector<&ZRProgressHUD::handleGraceTimer>, nullptr, false));
         return;
     }
     setNeedsDisplay();
@@ -97,11 +97,11 @@ void ZRProgressHUD::handleGraceTimer(NSTimer*) {
 void ZRProgressHUD::hide(bool animated) {
     m_useAnimation = animated;
     const Ref<NSDate> started = showStarted();
-    if (minShowTime() > 0 && started) {
+    if (const float least = minShowTime(); least > 0 && started) {
         const NSTimeInterval shown = NSDate::date()->timeIntervalSinceDate(started);
-        if (shown < minShowTime()) {
+        if (shown < least) {
             setMinShowTimer(NSTimer::scheduledTimerWithTimeInterval_target_selector_userInfo_repeats(
-                minShowTime() - shown, this, selector<&ZRProgressHUD::handleMinShowTimer>, nullptr, false));
+                least - shown, this, selector<&ZRProgressHUD::handleMinShowTimer>, nullptr, false));
             return;
         }
     }
@@ -142,14 +142,15 @@ void ZRProgressHUD::showUsingAnimation(bool animated) {
 
 void ZRProgressHUD::hideUsingAnimation(bool animated) {
     const Ref<ZRProgressHUD> keep = this; // `done` may take the HUD out of the view that holds it
+    const int type = animationType();
     if (animated && showStarted()) {
         beginAnimations_context(nullptr, nullptr);
         setAnimationDuration(kAnimationDuration);
         setAnimationDelegate(this);
         setAnimationDidStopSelector(selector<&ZRProgressHUD::animationFinished_finished_context>);
-        if (animationType() == ZRProgressHUDAnimationShrink)
+        if (type == ZRProgressHUDAnimationShrink)
             setTransform(rotationScaledBy(kSmall));
-        else if (animationType() == ZRProgressHUDAnimationGrow)
+        else if (type == ZRProgressHUDAnimationGrow)
             setTransform(rotationScaledBy(kLarge));
         setAlpha(kAlmostHidden);
         commitAnimations();
@@ -169,7 +170,8 @@ void ZRProgressHUD::done() {
     setAlpha(0);
     if (removeFromSuperViewOnHide())
         removeFromSuperview();
-    if (const auto block = completionBlock()) {
+    // Taken before it runs, so that a block that hides the HUD again is not run again.
+    if (const auto block = m_completionBlock.exchange(nullptr)) {
         block();
         setCompletionBlock(nullptr);
     }

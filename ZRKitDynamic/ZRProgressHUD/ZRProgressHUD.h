@@ -41,6 +41,7 @@ enum ZRProgressHUDAnimation : int {
 class ZRProgressHUDDelegate {
 public:
     virtual ~ZRProgressHUDDelegate() = default;
+    /// On the main thread, after the completion block; the HUD may have left its view already.
     virtual void hudWasHidden(ZRProgressHUD* /*hud*/) {}
 };
 
@@ -63,7 +64,7 @@ public:
     /// @name The HUDs of a view
     /// Each looks for HUDs of the class `HUD`, derived ones included. A nil view has none.
     /// @{
-    /// A new HUD, shown over the view at once; it leaves the view when it hides.
+    /// A new HUD, shown over the view at once; it leaves the view when it hides. Over a nil view it is in none.
     template <class HUD = ZRProgressHUD>
     static Ref<HUD> showHUDAddedTo_animated(UIView* view, bool animated);
     /// Hides the topmost one, which then leaves the view. False when there is none.
@@ -90,12 +91,14 @@ public:
     /// @}
 
     /// @name Showing and hiding
+    /// The last call does not undo the one before: a hide leaves the grace timer running, a show leaves a hide running,
+    /// and each of two hides tells block and delegate of its end.
     /// @{
     /// With a `graceTime`, nothing shows before that is over, and then only while a task is in progress.
     virtual void show(bool animated);
     /// Within `minShowTime` of the show, the HUD stays until that is over. A HUD that was not shown is done at once.
     virtual void hide(bool animated);
-    /// Hides after `delay` seconds, unless it is hidden before.
+    /// Hides after `delay` seconds, unless it is hidden before. The HUD lives until then.
     virtual void hide_afterDelay(bool animated, double delay);
     /// Hides; `animated` is a boxed flag.
     virtual void hideDelayed(const NSValue& animated);
@@ -124,8 +127,9 @@ public:
     /// A `ZRProgressHUDMode`; the spinner at first. Another number leaves the indicator as it is.
     int mode() const { return m_mode; }
     virtual void setMode(int mode);
-    /// The indicator of `ZRProgressHUDModeCustomView`; may be nil. It keeps its size. One that has a key "progress"
-    /// receives the progress.
+    /// The indicator of `ZRProgressHUDModeCustomView`; may be nil. It keeps its height, and its width unless that is
+    /// more than the view's less four margins, to which it is cut for good. One that has a key "progress" receives the
+    /// progress.
     Ref<UIView> customView() const { return m_customView; }
     virtual void setCustomView(UIView* view);
     /// One line, cut where it is too long. Nil or empty shows none.
@@ -167,7 +171,7 @@ public:
     virtual void setXOffset(float offset) { m_xOffset = offset; }
     float yOffset() const { return m_yOffset; }
     virtual void setYOffset(float offset) { m_yOffset = offset; }
-    /// Between the box's edges and what is in it; 20 at first.
+    /// Between the box's edges and what is in it; 20 at first. Nothing is wider than the view less four of them.
     float margin() const { return m_margin; }
     virtual void setMargin(float margin) { m_margin = margin; }
     /// 10 at first.
@@ -203,7 +207,7 @@ public:
     virtual void setTaskInProgress(bool inProgress) { m_taskInProgress = inProgress; }
     bool removeFromSuperViewOnHide() const { return m_removeFromSuperViewOnHide; }
     virtual void setRemoveFromSuperViewOnHide(bool removes) { m_removeFromSuperViewOnHide = removes; }
-    /// Runs once, when the HUD has gone; it is let go then.
+    /// Runs once, when the HUD has gone; it is let go then, and so is one that it sets.
     std::function<void()> completionBlock() const { return m_completionBlock; }
     virtual void setCompletionBlock(std::function<void()> block) { m_completionBlock = std::move(block); }
     /// Not kept.
@@ -215,7 +219,7 @@ public:
 
     /// @name For subclasses
     /// @{
-    /// The indicator that shows; nil in the mode without one.
+    /// The indicator that shows; nil in the mode without one, and where there is no custom view.
     Ref<UIView> indicator() const { return m_indicator; }
     virtual void setIndicator(UIView* indicator) { m_indicator = Ref<UIView>(indicator); }
     /// Waiting to show, and to hide; they stay here after they have fired.
@@ -239,6 +243,7 @@ public:
     virtual void launchExecution();
     virtual void cleanUp();
 
+    /// Makes and adds the two labels; called once, by the initialiser.
     virtual void setupLabels();
     /// Puts up the indicator of the mode, where that is not the present one.
     virtual void updateIndicators();
@@ -268,7 +273,7 @@ protected:
 
 private:
     CGAffineTransform rotationScaledBy(CGFloat factor) const;
-    void installIndicator(UIView* indicator);
+    void replaceIndicator(UIView* indicator);
     void drawDimming(CGContext* context) const;
 
     Atomic<int> m_mode = 0;
@@ -309,8 +314,8 @@ private:
     Ref<UILabel> m_label;
     Ref<UILabel> m_detailsLabel;
     CGAffineTransform m_rotationTransform;
+    Atomic<bool> m_isFinished = false;
     bool m_useAnimation = false;
-    bool m_isFinished = false;
 };
 
 template <class HUD>

@@ -45,11 +45,10 @@ void ZRProgressHUD::setupLabels() {
     addSubview(m_detailsLabel);
 }
 
-void ZRProgressHUD::installIndicator(UIView* newIndicator) {
+void ZRProgressHUD::replaceIndicator(UIView* newIndicator) {
     if (const Ref<UIView> former = indicator())
         former->removeFromSuperview();
     setIndicator(newIndicator);
-    addSubview(newIndicator);
 }
 
 void ZRProgressHUD::updateIndicators() {
@@ -61,8 +60,9 @@ void ZRProgressHUD::updateIndicators() {
         if (!spinner) {
             spinner = make<UIActivityIndicatorView>(&UIActivityIndicatorView::initWithActivityIndicatorStyle,
                                                     UIActivityIndicatorViewStyleWhiteLarge);
+            replaceIndicator(spinner);
             spinner->startAnimating();
-            installIndicator(spinner);
+            addSubview(spinner);
         }
         spinner->setColor(activityIndicatorColor());
         break;
@@ -72,23 +72,30 @@ void ZRProgressHUD::updateIndicators() {
         auto round = dynamicCast<ZRRoundProgressView>(present);
         if (!round) {
             round = make<ZRRoundProgressView>();
-            installIndicator(round);
+            replaceIndicator(round);
+            addSubview(round);
         }
         // Nobody makes a pie of a ring again.
         if (wanted == ZRProgressHUDModeRing)
             round->setAnnular(true);
         break;
     }
-    case ZRProgressHUDModeBar:
+    case ZRProgressHUDModeBar: {
         // Always a fresh one, which starts at 0.
-        installIndicator(make<ZRBarProgressView>());
+        const auto bar = make<ZRBarProgressView>();
+        replaceIndicator(bar);
+        addSubview(bar);
         break;
+    }
     case ZRProgressHUDModeCustomView:
-        if (const Ref<UIView> custom = customView(); custom != present)
-            installIndicator(custom);
+        if (const Ref<UIView> custom = customView(); custom != present) {
+            replaceIndicator(custom);
+            if (custom)
+                addSubview(custom);
+        }
         break;
     case ZRProgressHUDModeTextOnly:
-        installIndicator(nullptr);
+        replaceIndicator(nullptr);
         break;
     default:
         break;
@@ -133,9 +140,10 @@ void ZRProgressHUD::layoutSubviews() {
     total.width += 2 * margin;
     total.height += 2 * margin;
 
+    const CGFloat xOffset = m_xOffset;
     CGFloat y = std::round((room.height - total.height) / 2) + margin + m_yOffset;
     const auto place = [&](CGSize size) {
-        return CGRectMake(std::round((room.width - size.width) / 2) + m_xOffset, y, size.width, size.height);
+        return CGRectMake(std::round((room.width - size.width) / 2) + xOffset, y, size.width, size.height);
     };
     if (shown)
         shown->setFrame(place(indicatorSize));

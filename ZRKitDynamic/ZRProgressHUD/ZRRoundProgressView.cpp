@@ -117,10 +117,10 @@ void ZRRoundProgressView::drawRect(CGRect) {
 
 void ZRRoundProgressView::drawPie() const {
     const CGContextRef context = UIGraphicsGetCurrentContext();
-    if (m_progressTintColor)
-        m_progressTintColor->setStroke();
-    if (m_backgroundTintColor)
-        m_backgroundTintColor->setFill();
+    if (const Ref<UIColor> tint = progressTintColor())
+        tint->setStroke();
+    if (const Ref<UIColor> tint = backgroundTintColor())
+        tint->setFill();
     CGContextSetLineWidth(context, kPieLineWidth);
     const CGRect circle = CGRectInset(bounds(), kPieInset, kPieInset);
     CGContextFillEllipseInRect(context, circle);
@@ -140,8 +140,8 @@ void ZRRoundProgressView::drawRing() const {
     const auto [width, height] = bounds().size;
     const CGPoint center{width / 2, height / 2};
     const CGFloat radius = (width - style.lineWidth) / 2;
-    strokeArc(center, radius, kTwelveOClock + kFullTurn, {style.lineWidth, kCGLineCapButt}, m_backgroundTintColor);
-    strokeArc(center, radius, endAngle(m_progress), style, m_progressTintColor);
+    strokeArc(center, radius, kTwelveOClock + kFullTurn, {style.lineWidth, kCGLineCapButt}, backgroundTintColor());
+    strokeArc(center, radius, endAngle(m_progress), style, progressTintColor());
 }
 
 } // namespace zr

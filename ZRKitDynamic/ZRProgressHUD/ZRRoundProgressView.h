@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ZRPlatform/Foundation/Atomic.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
 #include <vector>
@@ -7,9 +8,11 @@
 namespace zr {
 
 /// Progress as a circle, clockwise from twelve o'clock: a white wedge that grows inside an outlined disc, or, when it
-/// is annular, an arc along a faint ring. The circle fits the width; in a view that is wider than tall it is cut off.
+/// is annular, an arc along a faint ring. Wedge, arc and ring fit the width, the disc both sides; in a view that is
+/// wider than tall what fits the width is cut off.
 ///
-/// It observes its own properties and draws itself anew whenever one is set. Main thread only.
+/// It observes its own properties and draws itself anew whenever one is set. The properties may be set on any thread;
+/// everything else belongs to the main thread.
 class ZRRoundProgressView : public UIView {
 public:
     /// 37 x 37 points at the origin.
@@ -23,10 +26,10 @@ public:
     virtual void setProgress(float progress);
     /// White at first: the disc's outline, or the arc. The wedge is white whatever this is. Nil, here and below, draws
     /// in the colour that the context has at that moment.
-    UIColor* progressTintColor() const { return m_progressTintColor; }
+    Ref<UIColor> progressTintColor() const { return m_progressTintColor; }
     virtual void setProgressTintColor(UIColor* color);
     /// White of alpha 0.1 at first: the disc, or the ring below the arc.
-    UIColor* backgroundTintColor() const { return m_backgroundTintColor; }
+    Ref<UIColor> backgroundTintColor() const { return m_backgroundTintColor; }
     virtual void setBackgroundTintColor(UIColor* color);
     /// An arc along a ring instead of a wedge in a disc; false at first.
     bool isAnnular() const { return m_annular; }
@@ -53,10 +56,10 @@ private:
     void drawPie() const;
     void drawRing() const;
 
-    Ref<UIColor> m_progressTintColor;
-    Ref<UIColor> m_backgroundTintColor;
-    float m_progress = 0;
-    bool m_annular = false;
+    Atomic<Ref<UIColor>> m_progressTintColor;
+    Atomic<Ref<UIColor>> m_backgroundTintColor;
+    Atomic<float> m_progress = 0;
+    Atomic<bool> m_annular = false;
 };
 
 } // namespace zr

@@ -196,6 +196,8 @@ TEST_F(ZRProgressHUDCreation, LabelsTakeWhatASubclassHasSetBefore) {
             setDetailsLabelText("to go");
             setLabelColor(UIColor::redColor());
             setDetailsLabelColor(UIColor::blueColor());
+            setLabelFont(UIFont::systemFontOfSize(20));
+            setDetailsLabelFont(UIFont::systemFontOfSize(10));
         }
     };
     const auto hud = make<ReadyHUD>();
@@ -203,6 +205,8 @@ TEST_F(ZRProgressHUDCreation, LabelsTakeWhatASubclassHasSetBefore) {
     EXPECT_EQ(detailsLabelOf(hud)->text(), "to go");
     EXPECT_EQ(labelOf(hud)->textColor(), UIColor::redColor());
     EXPECT_EQ(detailsLabelOf(hud)->textColor(), UIColor::blueColor());
+    EXPECT_TRUE(labelOf(hud)->font()->isEqual(UIFont::systemFontOfSize(20)));
+    EXPECT_TRUE(detailsLabelOf(hud)->font()->isEqual(UIFont::systemFontOfSize(10)));
 }
 
 TEST_F(ZRProgressHUDCreation, PropertiesAreKeysToo) {
@@ -309,6 +313,17 @@ TEST_F(ZRProgressHUDFinders, HidingAllHidesTheLowestFirst) {
     EXPECT_EQ(order, (std::vector<int>{1, 2}));
     EXPECT_TRUE(window->subviews().empty());
     EXPECT_EQ(ZRProgressHUD::hideAllHUDsForView_animated(window, false), 0u);
+}
+
+TEST_F(ZRProgressHUDFinders, HidingAllTakesTheFlagOfItsCaller) {
+    const auto first = addHUD(), second = addHUD();
+    first->show(false);
+    second->show(false);
+    ZRProgressHUD::hideAllHUDsForView_animated(window, true);
+    EXPECT_EQ(window->subviews().size(), 2u);
+    EXPECT_EQ(seenAlpha(second), 1);
+    host.advance(0.3);
+    EXPECT_TRUE(window->subviews().empty());
 }
 
 TEST_F(ZRProgressHUDFinders, ASubclassFindsItsOwnKind) {

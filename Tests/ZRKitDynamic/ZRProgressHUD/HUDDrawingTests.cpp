@@ -121,6 +121,40 @@ TEST_F(ZRProgressHUDDrawing, TheBoxIsWhereItsContentsAre) {
     EXPECT_EQ(host.pixel({170, 240}), kWhite);
 }
 
+TEST_F(ZRProgressHUDDrawing, ABoxWiderThanTheViewBeginsLeftOfIt) {
+    const auto hud = addHUD();
+    hud->setMode(ZRProgressHUDModeTextOnly);
+    hud->setMinSize(CGSizeMake(321, 100)); // round(-0.5) is -1: it ends at 320
+    hud->setCornerRadius(25);
+    hud->setColor(UIColor::blackColor());
+    hud->show(false);
+    host.advance(0);
+    const CGFloat arc = 25 * (1 - std::sqrt(0.5));
+    EXPECT_EQ(host.pixel({320 - arc + 0.6, 190 + arc - 0.6}), kWhite);
+    EXPECT_EQ(host.pixel({320 - arc - 0.8, 190 + arc + 0.8}), gray(0));
+    EXPECT_EQ(host.pixel({-1 + arc - 0.6 + 0.2, 190 + arc - 0.6}), kWhite);
+    EXPECT_EQ(host.pixel({-1 + arc + 0.8, 190 + arc + 0.8}), gray(0));
+    EXPECT_EQ(host.pixel({319.5, 240}), gray(0));
+}
+
+TEST_F(ZRProgressHUDDrawing, PaintsItselfWholeWhateverRectangleIsAskedFor) {
+    const auto hud = addHUD();
+    hud->setMinSize(CGSizeMake(100, 60));
+    hud->setMode(ZRProgressHUDModeTextOnly);
+    host.advance(0);
+    UIGraphicsBeginImageContextWithOptions(CGSizeMake(320, 480), false, 1);
+    hud->drawRect(CGRectMake(3, 5, 7, 2));
+    const Ref<UIImage> picture = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    const auto alphaAt = [&](int x, int y) {
+        const CGImageRef image = picture->CGImage();
+        return image->pixels()[std::size_t(y) * image->bytesPerRow() + std::size_t(x) * 4 + 3];
+    };
+    EXPECT_EQ(alphaAt(112, 240), 204);
+    EXPECT_EQ(alphaAt(208, 240), 204);
+    EXPECT_EQ(alphaAt(108, 240), 0);
+}
+
 TEST_F(ZRProgressHUDDrawing, TheBackgroundIsNotDimmedUnlessAsked) {
     const auto hud = addHUD();
     hud->show(false);

@@ -71,6 +71,9 @@ TEST_F(ZRProgressHUDLayout, CoversItsSuperview) {
     layOut();
     EXPECT_EQ(hud->frame(), CGRectMake(0, 0, 200, 100));
     EXPECT_EQ(indicator->frame(), CGRectMake(95, 45, 10, 10));
+    view->setBounds(CGRectMake(5, 6, 200, 100));
+    layOut();
+    EXPECT_EQ(hud->frame(), CGRectMake(5, 6, 200, 100));
 }
 
 TEST_F(ZRProgressHUDLayout, WithoutASuperviewKeepsItsFrame) {
@@ -95,6 +98,27 @@ TEST_F(ZRProgressHUDLayout, IndicatorAndLabelsAreStackedWithAPaddingOfFour) {
     y += label.height + 4;
     EXPECT_EQ(detailsLabelOf(hud)->frame(),
               CGRectMake(std::round((320 - details.width) / 2), y, details.width, details.height));
+}
+
+TEST_F(ZRProgressHUDLayout, TextsAreMeasuredInTheFontsOfTheirLabels) {
+    makeHUD({320, 480}, {10, 10});
+    const auto large = UIFont::systemFontOfSize(30), medium = UIFont::systemFontOfSize(20);
+    hud->setLabelText("Loading");
+    hud->setLabelFont(large);
+    hud->setDetailsLabelText("3 of 7");
+    hud->setDetailsLabelFont(medium);
+    layOut();
+    EXPECT_EQ(labelOf(hud)->frame().size, sizeWithFont("Loading", large));
+    EXPECT_EQ(detailsLabelOf(hud)->frame().size,
+              sizeWithFont_constrainedToSize_lineBreakMode("3 of 7", medium, CGSizeMake(240, 300),
+                                                           NSLineBreakByTruncatingTail));
+}
+
+TEST_F(ZRProgressHUDLayout, TheIndicatorsOwnSizeCountsNotItsTransform) {
+    makeHUD({320, 480}, {50, 30});
+    indicator->setTransform(CGAffineTransformMakeScale(2, 2));
+    layOut();
+    EXPECT_EQ(hud->size(), CGSizeMake(90, 70));
 }
 
 TEST_F(ZRProgressHUDLayout, AnEmptyLabelHasNoPadding) {

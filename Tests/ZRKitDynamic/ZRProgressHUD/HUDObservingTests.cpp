@@ -30,6 +30,14 @@ public:
         ++indicatorUpdates;
         ZRProgressHUD::updateIndicators();
     }
+    void observeValueForKeyPath_ofObject_change_context(const NSString& keyPath, NSObject* object,
+                                                        const NSKeyValueChange& change, void* context) override {
+        EXPECT_EQ(object, this);
+        EXPECT_TRUE(change.newValue.isEqual(valueForKey(keyPath)));
+        EXPECT_TRUE(change.oldValue.isNil());
+        EXPECT_EQ(context, nullptr);
+        ZRProgressHUD::observeValueForKeyPath_ofObject_change_context(keyPath, object, change, context);
+    }
     void updateUIForKeypath(const NSString& keyPath) override {
         EXPECT_TRUE(NSThread::isMainThread());
         updated.push_back(keyPath);

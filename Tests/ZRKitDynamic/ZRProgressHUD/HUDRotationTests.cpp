@@ -1,5 +1,8 @@
 #include <Tests/ZRKitDynamic/ZRProgressHUD/HUDTesting.h>
 
+#include <ZRPlatform/Foundation/NSLog.h>
+
+#include <cmath>
 #include <numbers>
 
 using namespace zr;
@@ -8,6 +11,22 @@ using namespace zr::testing;
 namespace {
 
 using ZRProgressHUDRotation = HUDTest;
+
+class CountingHUD : public ZRProgressHUD {
+public:
+    void setNeedsDisplay() override {
+        ++displays;
+        ZRProgressHUD::setNeedsDisplay();
+    }
+    int displays = 0;
+};
+
+/// Hears of something else, too.
+class ListeningHUD : public ZRProgressHUD {
+public:
+    void otherNews(NSNotification*) { ++otherNewsCount; }
+    int otherNewsCount = 0;
+};
 
 /// Whose windows keep their place while the device turns.
 class ZRProgressHUDOldRotation : public HUDTest {
@@ -45,14 +64,6 @@ TEST_F(ZRProgressHUDRotation, FromVersion8TheFrameFollowsTheWindow) {
 }
 
 TEST_F(ZRProgressHUDRotation, TheNotificationGivesItTheBoundsOfItsSuperviewAndDrawsIt) {
-    class CountingHUD : public ZRProgressHUD {
-    public:
-        void setNeedsDisplay() override {
-            ++displays;
-            ZRProgressHUD::setNeedsDisplay();
-        }
-        int displays = 0;
-    };
     const auto hud = make<CountingHUD>(&ZRProgressHUD::initWithView, window);
     window->addSubview(hud);
     host.advance(0);
@@ -84,6 +95,32 @@ TEST_F(ZRProgressHUDRotation, UnregisteredItHearsNothing) {
     NSNotificationCenter::defaultCenter()->postNotificationName_object(
         UIApplicationDidChangeStatusBarOrientationNotification, nullptr);
     EXPECT_EQ(hud->frame(), window->bounds());
+}
+
+TEST_F(ZRProgressHUDRotation, UnregistersForThisNewsOnly) {
+    const auto hud = make<ListeningHUD>();
+    NSNotificationCenter::defaultCenter()->addObserver_selector_name_object(hud, selector<&ListeningHUD::otherNews>,
+                                                                            "OtherNews", nullptr);
+    hud->unregisterFromNotifications();
+    NSNotificationCenter::defaultCenter()->postNotificationName_object("OtherNews", nullptr);
+    EXPECT_EQ(hud->otherNewsCount, 1);
+}
+
+TEST_F(ZRProgressHUDRotation, TurnsItselfOnFrameworksBelow1129_15) {
+    const auto hud = addHUD();
+    setFoundationVersionNumber(std::nextafter(1129.15, 0));
+    EXPECT_TRUE(hud->shouldPerformOrientationTransform());
+    setFoundationVersionNumber(1129.15);
+    EXPECT_FALSE(hud->shouldPerformOrientationTransform());
+}
+
+TEST_F(ZRProgressHUDOldRotation, IsDrawnAnewWhenItTurns) {
+    const auto hud = make<CountingHUD>(&ZRProgressHUD::initWithView, window);
+    window->addSubview(hud);
+    host.advance(0);
+    hud->displays = 0;
+    hud->setTransformForCurrentOrientation(false);
+    EXPECT_EQ(hud->displays, 1);
 }
 
 TEST_F(ZRProgressHUDOldRotation, BeforeVersion8AHUDInAWindowTurnsItself) {

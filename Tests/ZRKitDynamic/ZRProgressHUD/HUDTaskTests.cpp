@@ -121,6 +121,27 @@ TEST_F(ZRProgressHUDTask, TheHUDLivesAsLongAsItsTask) {
     ASSERT_TRUE(host.waitUntil([&] { return weak == nullptr; }));
 }
 
+TEST_F(ZRProgressHUDTask, TargetAndObjectAreLetGoBeforeTheHUDHides) {
+    class IdleHUD : public ZRProgressHUD {
+    public:
+        void launchExecution() override {}
+    };
+    const auto hud = make<IdleHUD>();
+    auto worker = make<Worker>();
+    auto object = make<NSObject>();
+    const Weak<Worker> weakWorker = worker;
+    const Weak<NSObject> weakObject = object;
+    hud->showWhileExecuting_onTarget_withObject_animated(selector<&Worker::work>, worker, object, false);
+    worker = nullptr;
+    object = nullptr;
+    ASSERT_NE(weakWorker, nullptr);
+    bool wereGone = false;
+    hud->setCompletionBlock(
+        [&] { wereGone = weakWorker == nullptr && weakObject == nullptr && !hud->taskInProgress(); });
+    hud->cleanUp();
+    EXPECT_TRUE(wereGone);
+}
+
 // By a block on a queue
 
 TEST_F(ZRProgressHUDTask, ABlockRunsOnAWorkerThreadAndTheCompletionOnTheMainOne) {

@@ -293,6 +293,22 @@ TEST_F(ZRProgressHUDHide, AHUDThatWasNeverShownIsDoneAtOnce) {
     hud->hide(true);
     hud->hide(true); // which is hiding already
     EXPECT_EQ(delegate.count, 2);
+    host.advance(1);
+    EXPECT_EQ(delegate.count, 3); // the first hide has its end, too
+}
+
+TEST_F(ZRProgressHUDHide, AShowDoesNotUndoAHideThatIsRunning) {
+    HUDDelegate delegate;
+    const auto hud = addHUD();
+    hud->setDelegate(&delegate);
+    hud->show(false);
+    hud->hide(true);
+    host.advance(0.1);
+    hud->show(true);
+    host.advance(1);
+    EXPECT_EQ(delegate.count, 1);
+    EXPECT_EQ(hud->alpha(), 0);
+    EXPECT_NE(hud->showStarted(), nullptr);
 }
 
 TEST_F(ZRProgressHUDHide, DuringTheShowGoesOnFromWhatIsSeen) {
@@ -333,6 +349,9 @@ TEST_F(ZRProgressHUDHide, WaitsForTheRestOfTheMinimumShowTime) {
     host.advance(kMoment);
     EXPECT_EQ(delegate.count, 1);
     EXPECT_EQ(hud->alpha(), 0);
+    EXPECT_FALSE(hud->minShowTimer()->isValid());
+    host.advance(5);
+    EXPECT_EQ(delegate.count, 1);
 }
 
 TEST_F(ZRProgressHUDHide, AfterTheMinimumShowTimeItHidesAtOnce) {
@@ -469,6 +488,41 @@ TEST_F(ZRProgressHUDDone, ABlockSetByTheBlockIsLetGoUnrun) {
     EXPECT_FALSE(hud->completionBlock());
     hud->hide(false);
     EXPECT_EQ(runs, 0);
+}
+
+TEST_F(ZRProgressHUDDone, ABlockThatHidesAgainRunsOnce) {
+    int runs = 0;
+    const auto hud = addHUD();
+    hud->setCompletionBlock([&] {
+        ++runs;
+        hud->hide(false);
+    });
+    hud->hide(false);
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(ZRProgressHUDDone, AShowFromTheBlockIsForgottenAsTheBeginningOfOne) {
+    // What the hide forgets in the end is the beginning of whatever show there was.
+    const auto hud = addHUD();
+    hud->show(false);
+    hud->setCompletionBlock([&] { hud->show(false); });
+    hud->hide(false);
+    EXPECT_EQ(hud->alpha(), 1);
+    EXPECT_EQ(hud->showStarted(), nullptr);
+}
+
+TEST_F(ZRProgressHUDDone, ADelayedHideThatTheBlockAsksForIsKept) {
+    HUDDelegate delegate;
+    const auto hud = addHUD();
+    hud->setDelegate(&delegate);
+    hud->setCompletionBlock([&] {
+        hud->show(false);
+        hud->hide_afterDelay(false, 1);
+    });
+    hud->hide(false);
+    EXPECT_EQ(delegate.count, 1);
+    host.advance(1);
+    EXPECT_EQ(delegate.count, 2);
 }
 
 TEST_F(ZRProgressHUDDone, StaysInTheViewUnlessToldToLeave) {

@@ -103,8 +103,8 @@ bool UIActivityIndicatorView::initWithFrame(CGRect frame) {
     m_fins = make<UIView>();
     m_fins->setUserInteractionEnabled(false);
     addSubview(m_fins);
-    setColor(nullptr);
     setHidden(true);
+    setColor(nullptr);
     return true;
 }
 

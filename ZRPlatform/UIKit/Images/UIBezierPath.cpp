@@ -3,6 +3,7 @@
 #include <ZRPlatform/UIKit/Images/UIGraphics.h>
 
 #include <algorithm>
+#include <cmath>
 #include <numbers>
 
 namespace zr {

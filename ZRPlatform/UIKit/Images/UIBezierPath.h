@@ -99,7 +99,8 @@ public:
     bool usesEvenOddFillRule() const { return m_usesEvenOddFillRule; }
     void setUsesEvenOddFillRule(bool flag) { m_usesEvenOddFillRule = flag; }
     /// `pattern`: `count` lengths of dashes and gaps in turn, copied; null or a count of 0 gives a solid line, which it
-    /// is at first. Ignored when a length is negative or all are 0. `phase`: where in the pattern the line begins.
+    /// is at first. Ignored when a length is negative or all are 0. `phase`: where in the pattern the line begins; it
+    /// may be negative.
     void setLineDash_count_phase(const CGFloat* pattern, NSInteger count, CGFloat phase);
     /// Each of the three may be null. `pattern` has room for the `count` of an earlier call.
     void getLineDash_count_phase(CGFloat* pattern, NSInteger* count, CGFloat* phase) const;

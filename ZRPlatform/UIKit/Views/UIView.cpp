@@ -366,8 +366,12 @@ void UIView::layoutSublayersOfLayer(CALayer*) {
 }
 
 void UIView::setNeedsDisplay() {
-    if (m_draws)
+    if (!m_draws)
+        return;
+    if (NSThread::isMainThread())
         m_layer->setNeedsDisplay();
+    else
+        NSRunLoop::mainRunLoop()->performBlock([layer = m_layer] { layer->setNeedsDisplay(); });
 }
 
 void UIView::displayLayer(CALayer* layer) {

@@ -150,6 +150,7 @@ public:
     void layoutIfNeeded();
     /// Places the subviews; called when the size or the subviews changed or layout was asked for.
     virtual void layoutSubviews() {}
+    /// May be called on any thread; the main one then draws, later.
     virtual void setNeedsDisplay();
     /// Draws the view into the current graphics context, in its own coordinates. A class that does not override it has
     /// no bitmap.
@@ -189,8 +190,8 @@ public:
     /// @}
 
     /// @name Animation between begin and commit
-    /// Changes of frame, bounds, center, transform, alpha and background colour between the two are animated from what
-    /// is seen. Blocks nest. Settings count for the changes after them.
+    /// Changes of frame, bounds, center, transform, alpha, background colour and the layer's border colour between the two
+    /// are animated from what is seen. Blocks nest. Settings count for the changes after them.
     /// @{
     /// Name and context are handed to the delegate's messages; both may be nil.
     static void beginAnimations_context(const NSString& animationID, void* context);
