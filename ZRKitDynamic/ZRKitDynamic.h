@@ -3,8 +3,10 @@
 /// @file
 /// Everything the kit offers.
 
+#include <ZRKitDynamic/ZRButton/ZRButton.h>
 #include <ZRKitDynamic/ZRColor/ZRColor.h>
 #include <ZRKitDynamic/ZRColor/ZRColorInstance.h>
+#include <ZRKitDynamic/ZRControl/ZRSwitch.h>
 #include <ZRKitDynamic/ZRImage/ZRImage.h>
 #include <ZRKitDynamic/ZRLabel/ZRLabel.h>
 #include <ZRKitDynamic/ZRProgressHUD/ZRBarProgressView.h>
@@ -14,3 +16,5 @@
 #include <ZRKitDynamic/ZRTAlertView/ZRTAlertView.h>
 #include <ZRKitDynamic/ZRTAlertView/ZRTAlertViewButton.h>
 #include <ZRKitDynamic/ZRTAlertView/ZRTAlertViewDelegate.h>
+#include <ZRKitDynamic/ZRTAlertView/ZRTipsAlertView.h>
+#include <ZRKitDynamic/ZRTAlertView/ZRToastView.h>

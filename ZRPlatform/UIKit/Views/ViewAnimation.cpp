@@ -19,7 +19,8 @@ std::vector<Ref<ViewAnimation>>& openBlocks() {
 
 bool g_animationsEnabled = true;
 
-constexpr std::string_view kAnimatedKeys[] = {"position", "bounds", "transform", "opacity", "backgroundColor"};
+constexpr std::string_view kAnimatedKeys[] = {"position", "bounds",          "transform",
+                                              "opacity",  "backgroundColor", "borderColor"};
 
 const char* timingName(UIViewAnimationCurve curve) {
     switch (curve) {

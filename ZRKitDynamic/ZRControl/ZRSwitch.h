@@ -1,0 +1,56 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Controls/UIControl.h>
+
+namespace zr {
+
+/// The kit's toggle, 50 x 31 points: a track, grey when off and green when on, and a white knob that stretches while a
+/// finger is down. A tap toggles it; a finger dragged past 10 or 40 points takes the knob to that end, and what it
+/// shows counts when the finger goes.
+///
+/// Sends UIControlEventValueChanged when a touch has changed it, never when code has. A cancelled touch counts as one
+/// that ended. Durations follow the last `setOn_animated`: all are 0 before the first one. Main thread only.
+class ZRSwitch : public UIControl {
+public:
+    /// The frame's origin counts; its size does not.
+    bool initWithFrame(CGRect frame) override;
+
+    /// False at first.
+    bool isOn() const { return m_on; }
+    /// Animated.
+    virtual void setOn(bool on);
+    virtual void setOn_animated(bool on, bool animated);
+    /// A disabled switch leaves touches alone. One that is disabled during a touch rests where it was before.
+    void setEnabled(bool enabled) override;
+
+    /// @name Parts of the movement
+    /// @{
+    /// Stretches the knob or takes it back. `fromRight`: a knob that is stretched already keeps its right edge.
+    virtual void reSizeCirCleWithHighLight_fromRight(bool highlight, bool fromRight);
+    /// Moves the knob's middle there; at the ends, as far as a stretched knob can go.
+    virtual void moveCircleViewToPoint(CGFloat x);
+    /// Shows a state without being in it.
+    virtual void moveCircleViewWithStatus(bool on);
+    /// The end of a touch: takes over what it did, and tells the targets if that is a change.
+    virtual void sendAction();
+    /// @}
+
+    void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
+    void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) override;
+    void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) override;
+    void touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event) override;
+
+protected:
+    const KeyTable& keyTable() const override;
+
+private:
+    void dragTo(bool on);
+
+    Ref<UIView> m_circleView;
+    bool m_on = false;
+    bool m_moved = false;
+    bool m_moveOn = false;
+    bool m_animationOn = false;
+};
+
+} // namespace zr
