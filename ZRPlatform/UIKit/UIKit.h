@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ZRPlatform/Foundation/Foundation.h>
 #include <ZRPlatform/UIKit/Application/UIApplication.h>
 #include <ZRPlatform/UIKit/Application/UIApplicationHost.h>
 #include <ZRPlatform/UIKit/Application/UIDevice.h>
