@@ -13,7 +13,7 @@ namespace zr::gallery {
 namespace {
 
 constexpr CGFloat kScale = 2;
-constexpr std::size_t kColumns = 6;
+constexpr std::size_t kColumns = 7;
 constexpr CGFloat kMargin = 28;
 constexpr CGFloat kGap = 24;
 constexpr CGFloat kPictureWidth = 200;
@@ -46,8 +46,18 @@ void drawCaption(const NSString& text, CGRect line, UIFont* font, UIColor* color
     drawInRect_withFont_lineBreakMode_alignment(text, line, font, NSLineBreakByTruncatingTail, NSTextAlignmentCenter);
 }
 
-void drawEntry(const ContactSheetEntry& entry, CGRect place) {
-    UIImage::imageWithCGImage(entry.picture)->drawInRect(place);
+/// The largest rectangle of the picture's shape in the middle of `place`.
+CGRect fittedRect(const CGImage* picture, CGRect place) {
+    const auto width = static_cast<CGFloat>(picture->width());
+    const auto height = static_cast<CGFloat>(picture->height());
+    const CGFloat scale = std::min(place.size.width / width, place.size.height / height);
+    const CGSize size = CGSizeMake(std::round(width * scale), std::round(height * scale));
+    return CGRectMake(place.origin.x + std::round((place.size.width - size.width) / 2),
+                      place.origin.y + std::round((place.size.height - size.height) / 2), size.width, size.height);
+}
+
+void drawPicture(CGImage* picture, CGRect place) {
+    UIImage::imageWithCGImage(picture)->drawInRect(place);
     Look::separatorColor()->setFill();
     const CGFloat edge = 1 / kScale;
     const CGRect outside = CGRectInset(place, -edge, -edge);
@@ -55,7 +65,10 @@ void drawEntry(const ContactSheetEntry& entry, CGRect place) {
     UIRectFill(CGRectMake(outside.origin.x, CGRectGetMaxY(place), outside.size.width, edge));
     UIRectFill(CGRectMake(outside.origin.x, outside.origin.y, edge, outside.size.height));
     UIRectFill(CGRectMake(CGRectGetMaxX(place), outside.origin.y, edge, outside.size.height));
+}
 
+void drawEntry(const ContactSheetEntry& entry, CGRect place) {
+    drawPicture(entry.picture, fittedRect(entry.picture, place));
     const CGFloat y = CGRectGetMaxY(place);
     drawCaption(entry.title, CGRectMake(place.origin.x, y + 10, place.size.width, 22), UIFont::boldSystemFontOfSize(15),
                 Look::titleColor());

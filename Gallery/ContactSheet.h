@@ -14,7 +14,8 @@ struct ContactSheetEntry {
     Ref<CGImage> picture;
 };
 
-/// All pictures, made small, in rows of six, each with its title and its name below it. The pictures are of one size.
+/// All pictures, made small, in rows of seven, each with its title and its name below it. A picture of another
+/// shape than the first one lies in the middle of its place.
 /// Nil without entries.
 Ref<CGImage> drawContactSheet(const std::vector<ContactSheetEntry>& entries);
 

@@ -11,14 +11,19 @@ bool GalleryApplication::initWithPage(const Page* page) {
 
 bool GalleryApplication::applicationDidFinishLaunching(UIApplication*) {
     m_window = make<UIWindow>(&UIWindow::initWithFrame, UIScreen::mainScreen()->bounds());
-    const auto gallery = make<GalleryView>(&GalleryView::initWithFrame, m_window->bounds());
-    m_window->addSubview(gallery);
+    m_gallery = make<GalleryView>(&GalleryView::initWithFrame, m_window->bounds());
+    m_window->addSubview(m_gallery);
     m_window->makeKeyAndVisible();
     if (m_page) {
-        gallery->openPage_animated(*m_page, false);
-        gallery->openedPage()->showComponent();
+        m_gallery->openPage_animated(*m_page, false);
+        m_gallery->openedPage()->showComponent();
     }
     return true;
+}
+
+void GalleryApplication::applicationWillTerminate(UIApplication*) {
+    if (PageView* page = m_gallery ? m_gallery->openedPage() : nullptr)
+        page->close();
 }
 
 } // namespace zr::gallery

@@ -12,10 +12,13 @@ public:
     bool initWithPage(const Page* page);
 
     bool applicationDidFinishLaunching(UIApplication* application) override;
+    /// Closes the page that is open, so that nothing of it goes on.
+    void applicationWillTerminate(UIApplication* application) override;
 
 private:
     const Page* m_page = nullptr;
     Ref<UIWindow> m_window;
+    Ref<GalleryView> m_gallery;
 };
 
 } // namespace zr::gallery

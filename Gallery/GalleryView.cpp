@@ -10,16 +10,20 @@ constexpr NSTimeInterval kSlideDuration = 0.35;
 /// The part of its width by which the list gives way to a page.
 constexpr CGFloat kListShift = 0.3;
 constexpr CGFloat kShadeAlpha = 0.12;
+constexpr NSUInteger kFillsSuperview = UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight;
 
 } // namespace
 
 bool GalleryView::initWithFrame(CGRect frame) {
     if (!UIView::initWithFrame(frame))
         return false;
+    setAutoresizingMask(kFillsSuperview);
     m_list = make<PageListView>(&PageListView::initWithFrame_open, bounds(),
                                 [this](const Page& page) { openPage_animated(page, true); });
+    m_list->setAutoresizingMask(kFillsSuperview);
     addSubview(m_list);
     m_shade = make<UIView>(&UIView::initWithFrame, bounds());
+    m_shade->setAutoresizingMask(kFillsSuperview);
     m_shade->setBackgroundColor(UIColor::blackColor());
     m_shade->setAlpha(0);
     m_shade->setUserInteractionEnabled(false);
@@ -30,9 +34,10 @@ bool GalleryView::initWithFrame(CGRect frame) {
 void GalleryView::openPage_animated(const Page& page, bool animated) {
     if (m_page)
         return;
-    const CGFloat width = bounds().size.width;
     m_page = make<PageView>(&PageView::initWithFrame_page, bounds(), page);
+    m_page->setAutoresizingMask(kFillsSuperview);
     m_page->setBackAction([this] { closePageAnimated(true); });
+    const CGFloat width = bounds().size.width;
     m_page->setFrame(CGRectOffset(bounds(), width, 0));
     addSubview(m_page);
     const auto places = [this, width] {

@@ -15,18 +15,15 @@ namespace zr::gallery {
 
 namespace {
 
-/// Long enough for an alert to have come up and for the components that move to be under way.
-constexpr NSTimeInterval kSettlingTime = 1.1;
-
 void launch(HeadlessHost& host, const Page* page) {
     host.launch(make<GalleryApplication>(&GalleryApplication::initWithPage, page));
 }
 
-/// The screen once everything has settled; the list for a null page.
+/// The screen at the page's time; the list for a null page.
 Ref<CGImage> pictureOfPage(const DeviceProfile& profile, const Page* page) {
     HeadlessHost host(profile);
     launch(host, page);
-    host.advance(kSettlingTime);
+    host.advance(page ? page->pictureTime : 0);
     return host.snapshot();
 }
 

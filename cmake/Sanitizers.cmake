@@ -12,6 +12,6 @@ endif()
 add_compile_options(-fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
 add_link_options(-fsanitize=${sanitizers})
 # The checks that the sanitizers put in make g++ take values for uninitialised that are not.
-if(ZR_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_compile_options(-Wno-maybe-uninitialized)
 endif()

@@ -1,4 +1,6 @@
+#include <Gallery/Icons/HUDIcons.h>
 #include <Gallery/Icons/Icons.h>
+#include <Gallery/Icons/Tile.h>
 
 #include <cmath>
 #include <numbers>
@@ -7,22 +9,8 @@ namespace zr::icons {
 
 namespace {
 
-constexpr Ink kWhite{255, 255, 255};
 constexpr Ink kGreen{0, 195, 64};
 constexpr Ink kGrey{193, 198, 195};
-
-/// Two inks of one of the kit's hues, top and bottom of its background gradient.
-struct Hue {
-    Ink top, bottom;
-};
-constexpr Hue kGreenHue{{0, 195, 64}, {0, 187, 61}};
-constexpr Hue kRedHue{{255, 87, 48}, {224, 72, 37}};
-constexpr Hue kOrangeHue{{253, 131, 0}, {229, 119, 0}};
-constexpr Hue kSlateHue{{93, 103, 97}, {78, 87, 82}};
-
-// The row icons are tiles of 30 x 30 points; a white glyph keeps to the middle 20 x 20.
-
-void drawTile(Pen& pen, Hue hue) { pen.fillRoundedGradient(CGRectMake(0, 0, 30, 30), 7, hue.top, hue.bottom); }
 
 /// An alert panel with a title and a message line, without its buttons.
 void drawPanel(Pen& pen, Ink detail) {
@@ -227,6 +215,11 @@ constexpr Icon kIcons[] = {
 
 } // namespace
 
-std::span<const Icon> allIcons() { return kIcons; }
+std::vector<Icon> allIcons() {
+    std::vector<Icon> icons(std::begin(kIcons), std::end(kIcons));
+    const auto more = hudIcons();
+    icons.insert(icons.end(), more.begin(), more.end());
+    return icons;
+}
 
 } // namespace zr::icons

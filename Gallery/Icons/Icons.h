@@ -2,7 +2,7 @@
 
 #include <Gallery/Icons/Pen.h>
 
-#include <span>
+#include <vector>
 
 namespace zr::icons {
 
@@ -13,6 +13,6 @@ struct Icon {
     void (*draw)(Pen& pen);
 };
 
-std::span<const Icon> allIcons();
+std::vector<Icon> allIcons();
 
 } // namespace zr::icons

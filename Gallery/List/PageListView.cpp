@@ -46,7 +46,9 @@ void PageListView::addSectionHeading(const NSString& family) {
     heading->setFrame(CGRectMake(Look::kMargin, m_nextY, width - 2 * Look::kMargin, kHeadingHeight));
     m_scrollBox->content()->addSubview(heading);
     m_nextY += kHeadingHeight + kHeadingSpace;
-    m_scrollBox->content()->addSubview(Look::line(CGRectMake(0, m_nextY - Look::hairline(), width, Look::hairline())));
+    const auto line = Look::line(CGRectMake(0, m_nextY - Look::hairline(), width, Look::hairline()));
+    line->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+    m_scrollBox->content()->addSubview(line);
 }
 
 void PageListView::addRow(const Page& page, bool isLast) {

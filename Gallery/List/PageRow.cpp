@@ -24,20 +24,27 @@ bool PageRow::initWithFrame_page_isLast(CGRect frame, const Page& page, bool isL
     if (!initWithFrame(frame))
         return false;
     setBackgroundColor(UIColor::whiteColor());
+    setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     const CGFloat width = frame.size.width;
     addSubview(imageAt(Look::kMargin, page.icon));
-    addSubview(imageAt(width - Look::kMargin - 8, "gallery_disclosure.png"));
+    const auto disclosure = imageAt(width - Look::kMargin - 8, "gallery_disclosure.png");
+    disclosure->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin);
+    addSubview(disclosure);
 
     const CGFloat textWidth = width - kTextLeft - kTextRight;
     const auto title = Look::label(page.title, UIFont::systemFontOfSize(17), Look::titleColor());
     title->setFrame(CGRectMake(kTextLeft, 8, textWidth, 22));
+    title->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     addSubview(title);
     const auto detail = Look::label(page.detail, UIFont::systemFontOfSize(13), Look::detailColor());
     detail->setFrame(CGRectMake(kTextLeft, 30, textWidth, 18));
+    detail->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     addSubview(detail);
 
     const CGFloat left = isLast ? 0 : kTextLeft;
-    addSubview(Look::line(CGRectMake(left, kHeight - Look::hairline(), width - left, Look::hairline())));
+    const auto line = Look::line(CGRectMake(left, kHeight - Look::hairline(), width - left, Look::hairline()));
+    line->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+    addSubview(line);
     return true;
 }
 

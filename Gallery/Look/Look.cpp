@@ -99,6 +99,11 @@ UIColor* pressedGreen() {
     return color;
 }
 
+UIColor* cursorColor() {
+    static const Ref<UIColor> color = rgb(255, 87, 48);
+    return color;
+}
+
 CGFloat hairline() { return 1 / UIScreen::mainScreen()->scale(); }
 
 CGFloat wholePixels(CGFloat points) {

@@ -32,6 +32,8 @@ UIColor* highlightColor();
 UIColor* pageColor();
 UIColor* green();
 UIColor* pressedGreen();
+/// Of a line that moves along a scale.
+UIColor* cursorColor();
 
 /// The thinnest crisp line, in points.
 CGFloat hairline();

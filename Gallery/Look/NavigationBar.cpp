@@ -42,15 +42,18 @@ public:
 bool NavigationBar::initWithFrame_title(CGRect frame, const NSString& title) {
     if (!initWithFrame(frame))
         return false;
+    setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     const CGFloat width = frame.size.width;
     m_statusBarArea = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, width, kStatusBarHeight));
     m_statusBarArea->setBackgroundColor(UIColor::blackColor());
     // Before version 7 the status bar was a black strip of its own above the bar.
     m_statusBarArea->setHidden(UIDevice::currentDevice()->systemVersion().intValue() >= 7);
+    m_statusBarArea->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     addSubview(m_statusBarArea);
 
     m_title = Look::label(title, UIFont::boldSystemFontOfSize(18), UIColor::whiteColor(), 1, NSTextAlignmentCenter);
     m_title->setFrame(CGRectMake(90, kStatusBarHeight, width - 180, Look::kBarHeight - kStatusBarHeight));
+    m_title->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     addSubview(m_title);
     NSNotificationCenter::defaultCenter()->addObserver_selector_name_object(this, selector<&NavigationBar::applyTheme>,
                                                                             kChangeThemeNotification, nullptr);

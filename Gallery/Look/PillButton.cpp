@@ -4,6 +4,10 @@
 
 namespace zr::gallery {
 
+namespace {
+constexpr CGFloat kTitleInset = 6;
+} // namespace
+
 bool PillButton::initWithFrame_title(CGRect frame, const NSString& title) {
     if (!initWithFrame(frame))
         return false;
@@ -11,6 +15,8 @@ bool PillButton::initWithFrame_title(CGRect frame, const NSString& title) {
     setOpaque(false);
     setBackgroundColor(Look::green());
     m_title = Look::label(title, UIFont::boldSystemFontOfSize(17), UIColor::whiteColor(), 1, NSTextAlignmentCenter);
+    m_title->setAdjustsFontSizeToFitWidth(true);
+    m_title->setMinimumScaleFactor(0.7);
     addSubview(m_title);
     return true;
 }
@@ -20,6 +26,6 @@ void PillButton::setHighlighted(bool highlighted) {
     setBackgroundColor(highlighted ? Look::pressedGreen() : Look::green());
 }
 
-void PillButton::layoutSubviews() { m_title->setFrame(bounds()); }
+void PillButton::layoutSubviews() { m_title->setFrame(CGRectInset(bounds(), kTitleInset, 0)); }
 
 } // namespace zr::gallery

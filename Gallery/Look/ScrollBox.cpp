@@ -15,6 +15,7 @@ bool ScrollBox::initWithFrame(CGRect frame) {
     if (!UIView::initWithFrame(frame))
         return false;
     setClipsToBounds(true);
+    setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
     m_content = make<UIView>();
     addSubview(m_content);
     setContentHeight(0);
@@ -22,16 +23,20 @@ bool ScrollBox::initWithFrame(CGRect frame) {
 }
 
 void ScrollBox::setContentHeight(CGFloat height) {
-    m_contentHeight = std::max(height, bounds().size.height);
+    m_contentHeight = height;
     setOffset(m_offset);
 }
 
+CGFloat ScrollBox::contentHeight() const { return std::max(m_contentHeight, bounds().size.height); }
+
 void ScrollBox::setOffset(CGFloat offset) {
-    m_offset = std::clamp(offset, CGFloat(0), m_contentHeight - bounds().size.height);
+    m_offset = std::clamp(offset, CGFloat(0), contentHeight() - bounds().size.height);
     // Whole pixels keep text and lines as crisp as they are at rest.
     const CGFloat y = -Look::wholePixels(m_offset);
-    m_content->setFrame(CGRectMake(0, y, bounds().size.width, m_contentHeight));
+    m_content->setFrame(CGRectMake(0, y, bounds().size.width, contentHeight()));
 }
+
+void ScrollBox::layoutSubviews() { setOffset(m_offset); }
 
 UIView* ScrollBox::hitTest_withEvent(CGPoint point, UIEvent* event) {
     return UIView::hitTest_withEvent(point, event) ? this : nullptr;

@@ -14,11 +14,13 @@ public:
     UIView* content() const { return m_content; }
     /// Points; the box's own height counts when that is more.
     void setContentHeight(CGFloat height);
-    CGFloat contentHeight() const { return m_contentHeight; }
+    CGFloat contentHeight() const;
     /// Points scrolled down, kept between 0 and the content's height less the box's.
     void setOffset(CGFloat offset);
     CGFloat offset() const { return m_offset; }
 
+    /// The content is as wide as the box, and stays within its ends.
+    void layoutSubviews() override;
     UIView* hitTest_withEvent(CGPoint point, UIEvent* event) override;
     void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) override;

@@ -8,7 +8,7 @@ namespace zr::gallery {
 
 namespace {
 
-constexpr const char* kFamily = "BUTTONS AND PLACES";
+constexpr const char* kFamily = "ALERT BUTTONS AND PLACES";
 
 /// An alert that goes when it is touched anywhere.
 class TouchableAlert : public ZRTAlertView {

@@ -3,7 +3,7 @@
 namespace zr::gallery {
 
 namespace {
-constexpr const char* kFamily = "LONG TEXTS";
+constexpr const char* kFamily = "ALERTS WITH LONG TEXTS";
 } // namespace
 
 std::vector<Page> alertTextPages() {

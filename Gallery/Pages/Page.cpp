@@ -7,7 +7,8 @@ namespace zr::gallery {
 const std::vector<Page>& allPages() {
     static const std::vector<Page> pages = [] {
         std::vector<Page> all;
-        for (const auto& pagesOfOneKind : {alertStylePages(), alertButtonPages(), alertTextPages(), themePages()})
+        for (const auto& pagesOfOneKind : {alertStylePages(), alertButtonPages(), alertTextPages(), hudIndicatorPages(),
+                                           hudTextPages(), hudBoxPages(), hudTimePages(), hudTaskPages(), themePages()})
             all.insert(all.end(), pagesOfOneKind.begin(), pagesOfOneKind.end());
         return all;
     }();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ZRPlatform/Foundation/NSTypes.h>
+
 #include <functional>
 #include <string_view>
 #include <vector>
@@ -23,6 +25,9 @@ struct Page {
     const char* description;
     /// Adds the component and what belongs to it.
     std::function<void(PageView&)> build;
+    /// Seconds from showing the component to the page's picture: long enough for an alert to have come up and for the
+    /// components that move to be under way.
+    NSTimeInterval pictureTime = 1.1;
 };
 
 /// In the order of the list.
@@ -34,6 +39,11 @@ const Page* pageNamed(std::string_view name);
 std::vector<Page> alertStylePages();
 std::vector<Page> alertButtonPages();
 std::vector<Page> alertTextPages();
+std::vector<Page> hudIndicatorPages();
+std::vector<Page> hudTextPages();
+std::vector<Page> hudBoxPages();
+std::vector<Page> hudTimePages();
+std::vector<Page> hudTaskPages();
 std::vector<Page> themePages();
 
 } // namespace zr::gallery

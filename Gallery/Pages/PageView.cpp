@@ -10,6 +10,7 @@ namespace zr::gallery {
 namespace {
 
 constexpr CGFloat kButtonHeight = 44;
+constexpr CGFloat kButtonGap = 10;
 constexpr CGFloat kLogHeight = 112;
 constexpr std::size_t kLogLineCount = 4;
 
@@ -58,9 +59,22 @@ void PageView::addHeading(const NSString& text) {
 }
 
 void PageView::addButton(const NSString& title, std::function<void()> action) {
-    const auto button = make<PillButton>(&PillButton::initWithFrame_title, CGRectZero, title);
-    button->setAction(std::move(action));
-    place(button, kButtonHeight, 20);
+    addButtons({{title, std::move(action)}});
+}
+
+void PageView::addButtons(const std::vector<PageButton>& buttons) {
+    const auto count = static_cast<CGFloat>(buttons.size());
+    const CGFloat step = (contentWidth() + kButtonGap) / count;
+    const auto row = make<UIView>();
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        const CGFloat left = Look::wholePixels(static_cast<CGFloat>(i) * step);
+        const CGFloat right = Look::wholePixels(static_cast<CGFloat>(i + 1) * step) - kButtonGap;
+        const auto button = make<PillButton>(&PillButton::initWithFrame_title,
+                                             CGRectMake(left, 0, right - left, kButtonHeight), buttons[i].title);
+        button->setAction(buttons[i].action);
+        row->addSubview(button);
+    }
+    place(row, kButtonHeight, 20);
 }
 
 void PageView::addView(UIView* view) { place(view, view->frame().size.height, 20); }
@@ -81,6 +95,8 @@ void PageView::addLog(const NSString& heading) {
 }
 
 void PageView::log(const NSString& line) {
+    if (!m_logLabel)
+        return;
     if (m_logLines.size() == kLogLineCount)
         m_logLines.erase(m_logLines.begin());
     m_logLines.push_back(line);
@@ -95,6 +111,8 @@ void PageView::log(const NSString& line) {
 
 void PageView::place(UIView* view, CGFloat height, CGFloat spaceAfter) {
     view->setFrame(CGRectMake(Look::kMargin, m_nextY, contentWidth(), height));
+    // The column stays as wide as it was made, in the middle of a screen that turns.
+    view->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin);
     m_scrollBox->content()->addSubview(view);
     m_nextY += height + spaceAfter;
     m_scrollBox->setContentHeight(m_nextY);

@@ -7,6 +7,11 @@
 
 namespace zr::gallery {
 
+struct PageButton {
+    NSString title;
+    std::function<void()> action;
+};
+
 /// The screen of one page: a bar with the title and the way back, below it the description and whatever the page's
 /// `build` adds, one below the other, and a log of what the component reported.
 class PageView : public UIView {
@@ -27,11 +32,13 @@ public:
     void addText(const NSString& text);
     void addHeading(const NSString& text);
     void addButton(const NSString& title, std::function<void()> action);
+    /// In a row, all of one width.
+    void addButtons(const std::vector<PageButton>& buttons);
     /// Takes the view's height, and gives it the content's width.
     void addView(UIView* view);
     /// The card that `log` writes into.
     void addLog(const NSString& heading);
-    /// A line below the others; the oldest goes when there is no room.
+    /// A line below the others; the oldest goes when there is no room. Nothing on a page without a log.
     void log(const NSString& line);
     void setShowAction(std::function<void()> action) { m_showAction = std::move(action); }
     void setCloseAction(std::function<void()> action) { m_closeAction = std::move(action); }

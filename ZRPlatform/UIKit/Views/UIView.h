@@ -190,8 +190,8 @@ public:
     /// @}
 
     /// @name Animation between begin and commit
-    /// Changes of frame, bounds, center, transform, alpha, background colour and the layer's border colour between the two
-    /// are animated from what is seen. Blocks nest. Settings count for the changes after them.
+    /// Changes of frame, bounds, center, transform, alpha, background colour and the layer's border colour between the
+    /// two are animated from what is seen. Blocks nest. Settings count for the changes after them.
     /// @{
     /// Name and context are handed to the delegate's messages; both may be nil.
     static void beginAnimations_context(const NSString& animationID, void* context);
