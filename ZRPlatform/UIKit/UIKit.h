@@ -14,6 +14,9 @@
 #include <ZRPlatform/UIKit/Events/UIEvent.h>
 #include <ZRPlatform/UIKit/Events/UIResponder.h>
 #include <ZRPlatform/UIKit/Events/UITouch.h>
+#include <ZRPlatform/UIKit/Gestures/UIGestureRecognizer.h>
+#include <ZRPlatform/UIKit/Gestures/UIGestureRecognizerDelegate.h>
+#include <ZRPlatform/UIKit/Gestures/UITapGestureRecognizer.h>
 #include <ZRPlatform/UIKit/Images/UIBezierPath.h>
 #include <ZRPlatform/UIKit/Images/UIColor.h>
 #include <ZRPlatform/UIKit/Images/UIGraphics.h>

@@ -3,6 +3,7 @@
 #include <ZRPlatform/Foundation/NSNotificationCenter.h>
 #include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
 #include <ZRPlatform/UIKit/Events/Internal/TouchDispatcher.h>
+#include <ZRPlatform/UIKit/Gestures/Internal/GestureArbiter.h>
 
 #include <algorithm>
 #include <cmath>
@@ -25,7 +26,10 @@ void takeApart(UIView* view) {
 
 UIApplication* UIApplication::sharedApplication() { return g_application; }
 
-UIApplication::UIApplication() : m_touches(std::make_unique<TouchDispatcher>()) { g_application = this; }
+UIApplication::UIApplication() :
+    m_gestures(std::make_unique<GestureArbiter>()), m_touches(std::make_unique<TouchDispatcher>(*m_gestures)) {
+    g_application = this;
+}
 
 UIApplication::~UIApplication() {
     setHost(nullptr);

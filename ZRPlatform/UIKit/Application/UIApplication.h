@@ -14,6 +14,7 @@
 
 namespace zr {
 
+class GestureArbiter;
 class TouchDispatcher;
 
 inline constexpr const char* UIApplicationDidFinishLaunchingNotification =
@@ -86,6 +87,7 @@ public:
     /// @}
 
 private:
+    friend class GestureArbiter;
     friend class UIWindow;
     friend class UIView;
 
@@ -107,6 +109,7 @@ private:
     std::vector<UIWindow*> m_windows;
     std::vector<Weak<UIWindow>> m_formerKeyWindows;
     Weak<UIWindow> m_keyWindow;
+    std::unique_ptr<GestureArbiter> m_gestures;
     std::unique_ptr<TouchDispatcher> m_touches;
     std::unique_ptr<Compositor> m_compositor;
     int m_ignoringInteractionEvents = 0;

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/Foundation/NSKeyValueCoding.h>
 #include <ZRPlatform/UIKit/Application/UIApplication.h>
+#include <ZRPlatform/UIKit/Gestures/UITapGestureRecognizer.h>
 
 #include <algorithm>
 
@@ -169,6 +170,14 @@ bool UIControl::beginTrackingWithTouch_withEvent(UITouch*, UIEvent*) { return tr
 bool UIControl::continueTrackingWithTouch_withEvent(UITouch*, UIEvent*) { return true; }
 void UIControl::endTrackingWithTouch_withEvent(UITouch*, UIEvent*) {}
 void UIControl::cancelTrackingWithEvent(UIEvent*) {}
+
+bool UIControl::gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) {
+    const auto* tap = dynamic_cast<const UITapGestureRecognizer*>(recognizer);
+    const bool isPlainTap = tap && tap->numberOfTapsRequired() == 1 && tap->numberOfTouchesRequired() == 1;
+    if (m_enabled && isPlainTap && tap->view() != this)
+        return false;
+    return UIView::gestureRecognizerShouldBegin(recognizer);
+}
 
 void UIControl::touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) {
     const bool isBusy = m_tracking && !isMultipleTouchEnabled();

@@ -93,6 +93,9 @@ public:
     virtual void cancelTrackingWithEvent(UIEvent* event);
     /// @}
 
+    /// An enabled control keeps its taps: a recogniser of one tap with one finger that is attached to a superview is
+    /// refused.
+    bool gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) override;
     void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) override;

@@ -1,6 +1,7 @@
 #include <ZRPlatform/UIKit/Events/Internal/TouchDispatcher.h>
 
 #include <ZRPlatform/QuartzCore/Animations/CAAnimation.h>
+#include <ZRPlatform/UIKit/Gestures/Internal/GestureArbiter.h>
 #include <ZRPlatform/UIKit/Views/UIWindow.h>
 
 #include <algorithm>
@@ -20,16 +21,19 @@ CGFloat distance(CGPoint a, CGPoint b) { return std::hypot(a.x - b.x, a.y - b.y)
 
 } // namespace
 
-/// Whether another finger keeps this one from the view: a view takes one finger unless it asks for several, and one
-/// that is touched exclusively is touched alone.
-bool TouchDispatcher::isBlocked(const UIView* view) const {
+/// Whether another finger keeps this one from the view and its recognisers: a view that is touched exclusively is
+/// touched alone.
+bool TouchDispatcher::isShutOut(const UIView* view) const {
     return std::any_of(m_fingers.begin(), m_fingers.end(), [view](const auto& finger) {
-        const UIView* other = finger.second->view();
-        if (!other)
-            return false;
-        if (other == view)
-            return !view->isMultipleTouchEnabled();
-        return other->isExclusiveTouch() || view->isExclusiveTouch();
+        const UIView* other = finger.second->m_reachesView ? finger.second->view() : nullptr;
+        return other && other != view && (other->isExclusiveTouch() || view->isExclusiveTouch());
+    });
+}
+
+/// Whether the view is told of a finger already.
+bool TouchDispatcher::hasFinger(const UIView* view) const {
+    return std::any_of(m_fingers.begin(), m_fingers.end(), [view](const auto& finger) {
+        return finger.second->m_reachesView && finger.second->view() == view;
     });
 }
 
@@ -42,14 +46,16 @@ void TouchDispatcher::began(std::int64_t identifier, CGPoint location, const std
         if (!hit)
             continue;
         touch->m_window = *window;
-        touch->m_location = touch->m_previousLocation = inWindow;
-        if (!isBlocked(hit))
-            touch->m_view = hit;
+        touch->m_now.location = touch->m_now.previousLocation = inWindow;
+        if (isShutOut(hit))
+            break;
+        touch->m_view = hit;
+        touch->m_reachesView = hit->isMultipleTouchEnabled() || !hasFinger(hit);
         break;
     }
     const bool again = CACurrentMediaTime() - m_lastTap.time <= kMultipleTapInterval && m_lastTap.count > 0 &&
                        distance(location, m_lastTap.location) <= kMultipleTapDistance;
-    touch->m_tapCount = again ? m_lastTap.count + 1 : 1;
+    touch->m_now.tapCount = again ? m_lastTap.count + 1 : 1;
     m_fingers[identifier] = touch;
     m_starts[identifier] = location;
     change(touch, UITouchPhaseBegan);
@@ -61,10 +67,10 @@ void TouchDispatcher::moved(std::int64_t identifier, CGPoint location) {
         return;
     const Ref<UITouch> touch = finger->second;
     setLocation(touch, location);
-    if (touch->m_location == touch->m_previousLocation)
+    if (touch->m_now.location == touch->m_now.previousLocation)
         return;
     if (distance(location, m_starts[identifier]) > kTapDistance)
-        touch->m_tapCount = 0;
+        touch->m_now.tapCount = 0;
     change(touch, UITouchPhaseMoved);
 }
 
@@ -74,7 +80,7 @@ void TouchDispatcher::ended(std::int64_t identifier, CGPoint location) {
         return;
     const Ref<UITouch> touch = finger->second;
     setLocation(touch, location);
-    m_lastTap = {CACurrentMediaTime(), location, touch->m_tapCount};
+    m_lastTap = {CACurrentMediaTime(), location, touch->m_now.tapCount};
     finish(identifier, touch, UITouchPhaseEnded);
 }
 
@@ -94,27 +100,29 @@ void TouchDispatcher::finish(std::int64_t identifier, Ref<UITouch> touch, UITouc
 }
 
 void TouchDispatcher::cancelTouchesInView(const UIView* view) {
+    m_gestures.viewLeaves(view);
     const auto fingers = m_fingers;
     for (const auto& [identifier, touch] : fingers) {
         const UIView* touched = touch->view();
         if (!touched || !touched->isDescendantOfView(view))
             continue;
-        cancelled(identifier);
+        if (!m_gestures.isFollowed(touch))
+            cancelled(identifier);
         touch->m_view = nullptr;
     }
 }
 
 void TouchDispatcher::setLocation(UITouch* touch, CGPoint screenLocation) {
-    touch->m_previousLocation = touch->m_location;
+    touch->m_now.previousLocation = touch->m_now.location;
     const UIWindow* window = touch->window();
-    touch->m_location = window ? window->layer()->convertPoint_fromLayer(screenLocation, nullptr) : screenLocation;
+    touch->m_now.location = window ? window->layer()->convertPoint_fromLayer(screenLocation, nullptr) : screenLocation;
 }
 
 void TouchDispatcher::change(UITouch* touch, UITouchPhase phase) {
-    touch->m_phase = phase;
-    touch->m_timestamp = CACurrentMediaTime();
+    touch->m_now.phase = phase;
+    touch->m_now.timestamp = CACurrentMediaTime();
     auto event = make<UIEvent>();
-    event->m_timestamp = touch->m_timestamp;
+    event->m_timestamp = touch->m_now.timestamp;
     event->m_touches.push_back(touch);
     for (const auto& [identifier, finger] : m_fingers) {
         if (finger != touch)
@@ -123,8 +131,10 @@ void TouchDispatcher::change(UITouch* touch, UITouchPhase phase) {
     event->m_changed = touch;
     if (const Ref<UIWindow> window = touch->window())
         window->sendEvent(event);
-    if (touch->m_phase == UITouchPhaseBegan || touch->m_phase == UITouchPhaseMoved)
-        touch->m_phase = UITouchPhaseStationary;
+    if (phase == UITouchPhaseEnded || phase == UITouchPhaseCancelled)
+        m_gestures.touchIsOver(touch, event);
+    if (touch->m_now.phase == UITouchPhaseBegan || touch->m_now.phase == UITouchPhaseMoved)
+        touch->m_now.phase = UITouchPhaseStationary;
 }
 
 } // namespace zr

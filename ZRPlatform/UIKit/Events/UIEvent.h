@@ -11,7 +11,10 @@ class UIEvent : public NSObject {
 public:
     NSTimeInterval timestamp() const { return m_timestamp; }
     const std::vector<Ref<UITouch>>& allTouches() const { return m_touches; }
+    /// Those that the view is told of.
     std::vector<UITouch*> touchesForView(const UIView* view) const;
+    /// Those that the recogniser follows.
+    std::vector<UITouch*> touchesForGestureRecognizer(const UIGestureRecognizer* recognizer) const;
 
 private:
     friend class TouchDispatcher;

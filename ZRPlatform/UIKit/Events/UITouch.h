@@ -3,8 +3,11 @@
 #include <ZRPlatform/CoreGraphics/CGGeometry.h>
 #include <ZRPlatform/Foundation/Weak.h>
 
+#include <vector>
+
 namespace zr {
 
+class UIGestureRecognizer;
 class UIView;
 class UIWindow;
 
@@ -19,30 +22,45 @@ enum UITouchPhase : NSInteger {
 /// One finger (or the pressed mouse button), from its going down to its going up; the same object all the way.
 class UITouch : public NSObject {
 public:
-    UITouchPhase phase() const { return m_phase; }
+    UITouchPhase phase() const { return m_now.phase; }
     /// Seconds, by the current clock.
-    NSTimeInterval timestamp() const { return m_timestamp; }
+    NSTimeInterval timestamp() const { return m_now.timestamp; }
     /// 2 for the second tap of a double tap, and so on; 0 once the finger has moved away from where it went down.
-    NSUInteger tapCount() const { return m_tapCount; }
-    /// The view hit when the finger went down. It gets all messages of this touch; nil once it is gone.
+    NSUInteger tapCount() const { return m_now.tapCount; }
+    /// The view hit when the finger went down. It gets all messages of this touch that no recogniser takes; nil once
+    /// it is gone.
     UIView* view() const;
     UIWindow* window() const;
+    /// Those that follow the touch, in the order in which they see it.
+    std::vector<UIGestureRecognizer*> gestureRecognizers() const;
     /// In the coordinates of `view`; of the window when nil.
     CGPoint locationInView(const UIView* view) const;
     CGPoint previousLocationInView(const UIView* view) const;
 
 private:
     friend class UIApplication;
+    friend class GestureArbiter;
+    friend class TouchDelivery;
     friend class TouchDispatcher;
+    friend class UIEvent;
 
-    UITouchPhase m_phase = UITouchPhaseBegan;
-    NSTimeInterval m_timestamp = 0;
-    NSUInteger m_tapCount = 0;
-    /// In the window's coordinates.
-    CGPoint m_location;
-    CGPoint m_previousLocation;
+    /// What changes along the way, the places in the window's coordinates.
+    struct Moment {
+        UITouchPhase phase = UITouchPhaseBegan;
+        NSTimeInterval timestamp = 0;
+        NSUInteger tapCount = 0;
+        CGPoint location;
+        CGPoint previousLocation;
+    };
+
+    bool isSeenBy(const UIGestureRecognizer* recognizer) const;
+
+    Moment m_now;
     Weak<UIView> m_view;
     Weak<UIWindow> m_window;
+    std::vector<Weak<UIGestureRecognizer>> m_gestureRecognizers;
+    /// Whether the view is told of the touch: another finger may keep it from the view, or a recogniser take it.
+    bool m_reachesView = false;
 };
 
 } // namespace zr

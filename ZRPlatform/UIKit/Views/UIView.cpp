@@ -5,6 +5,7 @@
 #include <ZRPlatform/Foundation/NSThread.h>
 #include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
 #include <ZRPlatform/UIKit/Application/UIApplication.h>
+#include <ZRPlatform/UIKit/Gestures/UIGestureRecognizer.h>
 #include <ZRPlatform/UIKit/Views/Internal/ViewDrawing.h>
 
 #include <algorithm>
@@ -25,6 +26,7 @@ UIView::UIView() : m_layer(make<CALayer>()) {
 UIView::~UIView() {
     if (m_superview)
         removeFromSuperview();
+    letGoOfGestureRecognizers();
     for (const auto& subview : m_subviews) {
         subview->moveToWindow(nullptr);
         subview->m_superview = nullptr;

@@ -9,6 +9,7 @@
 
 namespace zr {
 
+class UIGestureRecognizer;
 class UIWindow;
 
 enum UIViewContentMode : NSInteger {
@@ -170,6 +171,7 @@ public:
     virtual void setUserInteractionEnabled(bool enabled) { m_userInteractionEnabled = enabled; }
     bool isExclusiveTouch() const { return m_exclusiveTouch; }
     void setExclusiveTouch(bool exclusive) { m_exclusiveTouch = exclusive; }
+    /// Whether the view is told of a second finger while one is down; false at first. Recognisers see them all.
     bool isMultipleTouchEnabled() const { return m_multipleTouchEnabled; }
     void setMultipleTouchEnabled(bool enabled) { m_multipleTouchEnabled = enabled; }
     /// The topmost view under the point (this view's coordinates) that takes touches; nil when there is none.
@@ -178,6 +180,20 @@ public:
     UIResponder* nextResponder() const override;
     /// Resigns the first responder if it is this view or below it. False when it refused; with `force` it is not asked.
     bool endEditing(bool force);
+    /// @}
+
+    /// @name Gestures
+    /// @{
+    /// Kept, in the order in which they see a touch: that of their being added.
+    const std::vector<Ref<UIGestureRecognizer>>& gestureRecognizers() const { return m_gestureRecognizers; }
+    /// Takes the recogniser away from the view it is attached to, if that is another one. It sees the touches that
+    /// begin from now on. Nil is ignored.
+    virtual void addGestureRecognizer(UIGestureRecognizer* recognizer);
+    /// One that is under way is cancelled first. Nothing happens when it is not attached to this view.
+    virtual void removeGestureRecognizer(UIGestureRecognizer* recognizer);
+    /// Asked at the moment when a recogniser of this view, or of a superview that a touch reached through this view,
+    /// would begin or be recognised; no lets it fail. True here.
+    virtual bool gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer);
     /// @}
 
     /// @name Conversion
@@ -245,9 +261,11 @@ private:
     void boundsSizeChanged(CGSize oldSize);
     void moveToWindow(UIWindow* window);
     void tellTintColorChanged();
+    void letGoOfGestureRecognizers();
 
     Ref<CALayer> m_layer;
     std::vector<Ref<UIView>> m_subviews;
+    std::vector<Ref<UIGestureRecognizer>> m_gestureRecognizers;
     UIView* m_superview = nullptr;
     UIWindow* m_window = nullptr;
     Ref<UIColor> m_backgroundColor;

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/Foundation/NSNotificationCenter.h>
 #include <ZRPlatform/UIKit/Application/UIApplication.h>
+#include <ZRPlatform/UIKit/Gestures/Internal/GestureArbiter.h>
 
 namespace zr {
 
@@ -80,26 +81,9 @@ void UIWindow::dropFirstResponder(UIResponder* responder) {
 
 void UIWindow::sendEvent(UIEvent* event) {
     const Ref<UITouch> touch = event->m_changed.lock();
-    const Ref<UIView> view = touch ? touch->view() : nullptr;
-    if (!view || touch->window() != this)
-        return;
-    const TouchSet changed{touch.get()};
-    switch (touch->phase()) {
-    case UITouchPhaseBegan:
-        view->touchesBegan_withEvent(changed, event);
-        break;
-    case UITouchPhaseMoved:
-        view->touchesMoved_withEvent(changed, event);
-        break;
-    case UITouchPhaseEnded:
-        view->touchesEnded_withEvent(changed, event);
-        break;
-    case UITouchPhaseCancelled:
-        view->touchesCancelled_withEvent(changed, event);
-        break;
-    case UITouchPhaseStationary:
-        break;
-    }
+    GestureArbiter* gestures = GestureArbiter::shared();
+    if (gestures && touch && touch->window() == this)
+        gestures->touchChanged(touch, event);
 }
 
 UIResponder* UIWindow::nextResponder() const { return UIApplication::sharedApplication(); }

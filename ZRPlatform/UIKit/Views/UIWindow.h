@@ -35,7 +35,7 @@ public:
     /// Called when the window stops being key. Calling it makes it stop, if it is key.
     virtual void resignKeyWindow();
     void setHidden(bool hidden) override;
-    /// Sends the touch that an event is about to its view.
+    /// Sends the touch that an event is about to the recognisers on its way, then to its view.
     virtual void sendEvent(UIEvent* event);
     UIResponder* nextResponder() const override;
 
