@@ -67,7 +67,7 @@ protected:
     /// Sets every observed property, each to something that it is not.
     void setAll() {
         hud->setMode(ZRProgressHUDModePie);
-        hud->setCustomView(make<UIView>());
+        hud->setCustomView(customView);
         hud->setLabelText("Label");
         hud->setLabelFont(UIFont::systemFontOfSize(20));
         hud->setLabelColor(UIColor::redColor());
@@ -89,6 +89,8 @@ protected:
                                          "progress",
                                          "activityIndicatorColor"};
     Ref<ObservedHUD> hud;
+    /// Made here, as views belong to the main thread.
+    Ref<UIView> customView = make<UIView>();
 };
 
 /// An application's own indicator with a progress.
