@@ -6,6 +6,7 @@
 #include <ZRKitDynamic/ZRButton/ZRButton.h>
 #include <ZRKitDynamic/ZRColor/ZRColor.h>
 #include <ZRKitDynamic/ZRColor/ZRColorInstance.h>
+#include <ZRKitDynamic/ZRControl/ZRSegmentedControl.h>
 #include <ZRKitDynamic/ZRControl/ZRSwitch.h>
 #include <ZRKitDynamic/ZRImage/ZRImage.h>
 #include <ZRKitDynamic/ZRLabel/ZRLabel.h>
