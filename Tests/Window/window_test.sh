@@ -44,6 +44,7 @@ FitsTheDesktop() {
     expect 'frame .*'
     measure_window
     [[ $WIDTH == 480 && $HEIGHT == 720 ]] || fail "the window is $WIDTH x $HEIGHT at scale 1.5"
+    [[ $X == 160 && $Y == 15 ]] || fail "the window is at $X, $Y, not in the middle of the desktop"
 }
 
 ShowsFramesAndTakesClicksAndText() {

@@ -77,6 +77,10 @@ std::unique_ptr<DesktopWindow> DesktopWindow::open(const WindowOptions& options,
     }
     window->m_scale =
         options.windowScale ? *options.windowScale : window->largestScaleThatFits(screen, options.profile.scale);
+    // In the middle with its real size, which the first frame would give it only after it was placed.
+    const double pointsToUnits = window->m_scale / window->density();
+    SDL_SetWindowSize(window->m_window, rounded(screen.width * pointsToUnits), rounded(screen.height * pointsToUnits));
+    SDL_SetWindowPosition(window->m_window, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
     return window;
 }
 
