@@ -1,12 +1,12 @@
 #include <ZRPlatform/UIKit/Images/UIGraphics.h>
 
 #include <ZRPlatform/CoreGraphics/CGBitmapContext.h>
+#include <ZRPlatform/QuartzCore/Layers/LayerValues.h>
 #include <ZRPlatform/UIKit/Application/UIScreen.h>
 #include <ZRPlatform/UIKit/Images/Internal/ImageDecoder.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -28,9 +28,8 @@ std::vector<StackedContext>& contextStack() {
 
 /// Pixels along one side; 0 for a length without any or beyond all limits.
 NSUInteger pixelsFor(CGFloat length, CGFloat scale) {
-    constexpr CGFloat kRoundingError = CGFloat(1e-6);
-    const CGFloat pixels = std::ceil(length * scale - kRoundingError);
-    return pixels >= 1 && pixels <= static_cast<CGFloat>(kMaximumImageSide) ? static_cast<NSUInteger>(pixels) : 0;
+    const double pixels = bitmapLength(length, scale);
+    return pixels >= 1 && pixels <= static_cast<double>(kMaximumImageSide) ? static_cast<NSUInteger>(pixels) : 0;
 }
 
 Ref<CGContext> makeImageContext(CGSize size, bool opaque, CGFloat scale) {
