@@ -7,10 +7,6 @@
 
 namespace zr::gallery {
 
-namespace {
-constexpr CGFloat kDragThreshold = 10;
-} // namespace
-
 bool ScrollBox::initWithFrame(CGRect frame) {
     if (!UIView::initWithFrame(frame))
         return false;
@@ -18,6 +14,8 @@ bool ScrollBox::initWithFrame(CGRect frame) {
     setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
     m_content = make<UIView>();
     addSubview(m_content);
+    addGestureRecognizer(make<UIPanGestureRecognizer>(&UIPanGestureRecognizer::initWithTarget_action, this,
+                                                      selector<&ScrollBox::panned>));
     setContentHeight(0);
     return true;
 }
@@ -38,54 +36,18 @@ void ScrollBox::setOffset(CGFloat offset) {
 
 void ScrollBox::layoutSubviews() { setOffset(m_offset); }
 
-UIView* ScrollBox::hitTest_withEvent(CGPoint point, UIEvent* event) {
-    return UIView::hitTest_withEvent(point, event) ? this : nullptr;
+bool ScrollBox::gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) {
+    const auto* pan = dynamic_cast<const UIPanGestureRecognizer*>(recognizer);
+    if (!pan || pan->view() != this)
+        return UIView::gestureRecognizerShouldBegin(recognizer);
+    const CGPoint translation = pan->translationInView(this);
+    return std::abs(translation.y) > std::abs(translation.x);
 }
 
-Ref<UIControl> ScrollBox::controlAt(CGPoint point, UIEvent* event) {
-    for (UIView* view = UIView::hitTest_withEvent(point, event); view && view != this; view = view->superview()) {
-        if (auto* control = dynamic_cast<UIControl*>(view))
-            return control;
-    }
-    return nullptr;
-}
-
-void ScrollBox::touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) {
-    const CGPoint point = touches.front()->locationInView(this);
-    m_touchStart = point.y;
-    m_offsetAtStart = m_offset;
-    m_dragging = false;
-    m_touchedControl = controlAt(point, event);
-    if (m_touchedControl)
-        m_touchedControl->touchesBegan_withEvent(touches, event);
-}
-
-void ScrollBox::beginDragging(const TouchSet& touches, UIEvent* event) {
-    m_dragging = true;
-    if (const auto control = std::exchange(m_touchedControl, nullptr))
-        control->touchesCancelled_withEvent(touches, event);
-}
-
-void ScrollBox::touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) {
-    const CGFloat moved = touches.front()->locationInView(this).y - m_touchStart;
-    if (!m_dragging && std::abs(moved) > kDragThreshold)
-        beginDragging(touches, event);
-    if (m_dragging)
-        setOffset(m_offsetAtStart - moved);
-    else if (m_touchedControl)
-        m_touchedControl->touchesMoved_withEvent(touches, event);
-}
-
-void ScrollBox::touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) {
-    m_dragging = false;
-    if (const auto control = std::exchange(m_touchedControl, nullptr))
-        control->touchesEnded_withEvent(touches, event);
-}
-
-void ScrollBox::touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event) {
-    m_dragging = false;
-    if (const auto control = std::exchange(m_touchedControl, nullptr))
-        control->touchesCancelled_withEvent(touches, event);
+void ScrollBox::panned(UIPanGestureRecognizer* pan) {
+    if (pan->state() == UIGestureRecognizerStateBegan)
+        m_offsetAtStart = m_offset;
+    setOffset(m_offsetAtStart - pan->translationInView(this).y);
 }
 
 } // namespace zr::gallery

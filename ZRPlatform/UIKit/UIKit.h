@@ -16,6 +16,8 @@
 #include <ZRPlatform/UIKit/Events/UITouch.h>
 #include <ZRPlatform/UIKit/Gestures/UIGestureRecognizer.h>
 #include <ZRPlatform/UIKit/Gestures/UIGestureRecognizerDelegate.h>
+#include <ZRPlatform/UIKit/Gestures/UIPanGestureRecognizer.h>
+#include <ZRPlatform/UIKit/Gestures/UIScreenEdgePanGestureRecognizer.h>
 #include <ZRPlatform/UIKit/Gestures/UITapGestureRecognizer.h>
 #include <ZRPlatform/UIKit/Images/UIBezierPath.h>
 #include <ZRPlatform/UIKit/Images/UIColor.h>

@@ -11,6 +11,10 @@ namespace zr {
 
 namespace {
 
+bool isUp(const UITouch* touch) {
+    return touch->phase() == UITouchPhaseEnded || touch->phase() == UITouchPhaseCancelled;
+}
+
 void eraseRecognizer(std::vector<Weak<UIGestureRecognizer>>& recognizers, const UIGestureRecognizer* recognizer) {
     std::erase_if(recognizers, [recognizer](const auto& r) { return !r.get() || r.get() == recognizer; });
 }
@@ -54,10 +58,7 @@ GestureArbiter::Candidate GestureArbiter::enter(UIGestureRecognizer* recognizer)
     return contender;
 }
 
-bool GestureArbiter::isFollowed(const UITouch* touch) const {
-    const Tracked tracked = trackedTouch(touch);
-    return tracked && !tracked->isUp && !touch->gestureRecognizers().empty();
-}
+bool GestureArbiter::isFollowed(const UITouch* touch) const { return !touch->gestureRecognizers().empty(); }
 
 bool GestureArbiter::hasFingerDown(const Contender& contender) const {
     return std::any_of(m_touches.begin(), m_touches.end(), [&](const Tracked& tracked) {
@@ -76,7 +77,7 @@ void GestureArbiter::touchChanged(UITouch* touch, UIEvent* event) {
         return;
     }
     const Turn turn(*this);
-    tracked->isUp = touch->phase() == UITouchPhaseEnded || touch->phase() == UITouchPhaseCancelled;
+    tracked->isUp = isUp(touch);
     show(touch, event);
     tracked->delivery.push(event);
 }
@@ -89,23 +90,33 @@ void GestureArbiter::touchIsOver(UITouch* touch, UIEvent* event) {
     touchChanged(touch, event);
 }
 
+/// Asked before and after a delegate, which may change anything, for its own recogniser and for those after it.
+bool GestureArbiter::canFollow(const UIGestureRecognizer* recognizer, const UIView* view, const UITouch* touch) const {
+    const Candidate known = contenderOf(recognizer);
+    return recognizer->view() == view && recognizer->isEnabled() && !(known && isDecided(*known)) && !isUp(touch);
+}
+
 /// Finds the recognisers that will follow the touch, all of them before any is shown it.
 void GestureArbiter::offerTouch(UITouch* touch) {
-    std::vector<Ref<UIGestureRecognizer>> onTheWay;
-    for (const UIView* view = touch->view(); view; view = view->superview())
-        onTheWay.insert(onTheWay.end(), view->gestureRecognizers().begin(), view->gestureRecognizers().end());
-    for (const auto& recognizer : onTheWay) {
-        const Candidate known = contenderOf(recognizer);
-        if (!recognizer->isEnabled() || (known && isDecided(*known)) || !shouldReceive(recognizer, touch))
+    std::vector<std::pair<const UIView*, Ref<UIGestureRecognizer>>> onTheWay;
+    for (const UIView* view = touch->view(); view; view = view->superview()) {
+        for (const auto& recognizer : view->gestureRecognizers())
+            onTheWay.emplace_back(view, recognizer);
+    }
+    if (onTheWay.empty())
+        return;
+    // From the first question on: if a delegate puts an end to the touch, the view has never heard of it.
+    m_touches.push_back(std::make_shared<TrackedTouch>(touch));
+    for (const auto& [view, recognizer] : onTheWay) {
+        if (!canFollow(recognizer, view, touch) || !shouldReceive(recognizer, touch) ||
+            !canFollow(recognizer, view, touch))
             continue;
-        if (!recognizer->isEnabled() || !recognizer->view())
-            continue; // its delegate's doing
-        if (!trackedTouch(touch))
-            m_touches.push_back(std::make_shared<TrackedTouch>(touch));
         enter(recognizer)->touches.push_back(touch);
         recognizer->m_touches.push_back(touch);
         touch->m_gestureRecognizers.push_back(recognizer);
     }
+    if (!isFollowed(touch))
+        std::erase(m_touches, trackedTouch(touch));
 }
 
 void GestureArbiter::show(UITouch* touch, UIEvent* event) {
@@ -183,6 +194,11 @@ void GestureArbiter::withdraw(UIGestureRecognizer* recognizer) {
 void GestureArbiter::changeState(UIGestureRecognizer* recognizer, UIGestureRecognizerState state) {
     const Ref<UIGestureRecognizer> keep = recognizer;
     const Turn turn(*this);
+    if (!isState(state)) {
+        NSLog("%s cannot become %td, which is no state", recognizer->description().UTF8String(),
+              static_cast<NSInteger>(state));
+        return;
+    }
     const UIGestureRecognizerState present = recognizer->m_state;
     const Candidate known = contenderOf(recognizer);
     if (known && known->wouldBe != UIGestureRecognizerStatePossible) {

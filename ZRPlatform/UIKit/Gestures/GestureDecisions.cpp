@@ -19,6 +19,10 @@ bool isActive(UIGestureRecognizerState state) {
 
 bool isRecognized(UIGestureRecognizerState state) { return isActive(state) || state == UIGestureRecognizerStateEnded; }
 
+bool isState(NSInteger number) {
+    return number >= UIGestureRecognizerStatePossible && number <= UIGestureRecognizerStateFailed;
+}
+
 bool isAllowed(UIGestureRecognizerState from, UIGestureRecognizerState to) {
     switch (from) {
     case UIGestureRecognizerStatePossible:
@@ -34,8 +38,7 @@ bool isAllowed(UIGestureRecognizerState from, UIGestureRecognizerState to) {
 
 const char* nameOf(UIGestureRecognizerState state) {
     static constexpr const char* kNames[] = {"possible", "began", "changed", "ended", "cancelled", "failed"};
-    const bool isKnown = state >= 0 && state <= UIGestureRecognizerStateFailed;
-    return isKnown ? kNames[state] : "an unknown state";
+    return kNames[state];
 }
 
 // Touches
@@ -132,8 +135,9 @@ bool mayBegin(const Contender& contender) {
     UIGestureRecognizer* recognizer = contender.recognizer;
     for (const auto& view : viewsOnTheWay(contender)) {
         // A view that is the delegate answers both questions with one function.
-        const bool isDelegate = dynamic_cast<UIGestureRecognizerDelegate*>(view.get()) == recognizer->delegate();
-        if (!(isDelegate && recognizer->delegate()) && !view->gestureRecognizerShouldBegin(recognizer))
+        const auto* asDelegate = dynamic_cast<UIGestureRecognizerDelegate*>(view.get());
+        const bool isDelegate = asDelegate && asDelegate == recognizer->delegate();
+        if (!isDelegate && !view->gestureRecognizerShouldBegin(recognizer))
             return false;
     }
     return askDelegate(recognizer, true, [&](UIGestureRecognizerDelegate* delegate) {

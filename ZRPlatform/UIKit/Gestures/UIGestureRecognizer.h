@@ -95,7 +95,7 @@ public:
     /// @{
     /// Subclasses say here what they have seen. Leaving possible may come to nothing (a refusal: the state is failed
     /// afterwards) or be put off (a failure is waited for: it is still possible). A transition that is not allowed is
-    /// ignored and logged; cancelled, from possible, is a failure.
+    /// ignored and logged, and so is a number that is no state; cancelled, from possible, is a failure.
     virtual void setState(UIGestureRecognizerState state);
     /// Called once when the gesture is over and the recogniser is about to become possible again: forget what was
     /// seen. Does nothing here.

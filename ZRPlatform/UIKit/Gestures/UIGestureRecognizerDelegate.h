@@ -13,9 +13,13 @@ public:
 
     /// Asked once, at the moment when the recogniser would begin or, a discrete one, be recognised; no lets it fail.
     virtual bool gestureRecognizerShouldBegin(UIGestureRecognizer*) { return true; }
-    /// Asked when a finger goes down; no hides that touch from the recogniser.
+    /// Asked when a finger goes down, before any recogniser sees it; no hides that touch from the recogniser. Not asked
+    /// for one that would not see it anyway: one that is disabled, or that a delegate asked before has removed; one
+    /// that has failed, ended or been cancelled and is not reset yet; one that waits for a failure, and has seen its
+    /// own end.
     virtual bool gestureRecognizer_shouldReceiveTouch(UIGestureRecognizer*, UITouch*) { return true; }
     /// Whether both may be recognised from the same touches. One yes, this one's or the other's delegate's, is enough.
+    /// Asked whenever either begins or is recognised; a later no keeps the second from it.
     virtual bool gestureRecognizer_shouldRecognizeSimultaneouslyWithGestureRecognizer(UIGestureRecognizer*,
                                                                                       UIGestureRecognizer*) {
         return false;

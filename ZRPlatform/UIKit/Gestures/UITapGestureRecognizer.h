@@ -8,8 +8,8 @@ namespace zr {
 /// Recognises taps: one or more, with one or more fingers at a time. Discrete.
 ///
 /// A finger may stray 45 points from where it went down, and the next tap may be that far from the last one. A single
-/// tap may last as long as it likes. Of several, each finger may rest for 0.75 s, and the next tap must begin within
-/// 0.35 s of the last one's end.
+/// tap may last as long as it likes. Of several, each may last 0.75 s, from its first finger's going down to its last
+/// one's going up, and the next tap must begin within 0.35 s of the last one's end.
 ///
 /// Its location is the centre of the fingers of the last tap, where they went up.
 ///

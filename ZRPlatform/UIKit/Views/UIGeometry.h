@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ZRPlatform/CoreGraphics/CGGeometry.h>
+#include <ZRPlatform/Foundation/NSTypes.h>
 
 namespace zr {
 
@@ -8,6 +9,16 @@ namespace zr {
 struct UIEdgeInsets {
     CGFloat top = 0, left = 0, bottom = 0, right = 0;
     friend bool operator==(const UIEdgeInsets&, const UIEdgeInsets&) = default;
+};
+
+/// Edges, to be added up.
+enum UIRectEdge : NSUInteger {
+    UIRectEdgeNone = 0,
+    UIRectEdgeTop = 1,
+    UIRectEdgeLeft = 2,
+    UIRectEdgeBottom = 4,
+    UIRectEdgeRight = 8,
+    UIRectEdgeAll = 15,
 };
 
 inline constexpr UIEdgeInsets UIEdgeInsetsZero{};

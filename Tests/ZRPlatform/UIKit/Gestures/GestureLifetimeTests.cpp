@@ -216,6 +216,50 @@ TEST_F(GestureLifetime, AnActionMayRemoveAndAttachItsRecognizerAgain) {
     }
 }
 
+TEST_F(GestureLifetime, AnActionMayBeginAnotherRecognizerWhichThenTakesTheTouch) {
+    // The one that sees the touch first, whose targets' turn is over when the action runs.
+    auto first = attach<Slide>(view, "first");
+    first->threshold = 1000;
+    auto slide = attach<Slide>(view, "slide");
+    slide->setCancelsTouchesInView(false);
+    judge(slide)->allowsBoth = true;
+    reporterNamed("slide")->act = [&](UIGestureRecognizer* recognizer) {
+        if (recognizer->state() == UIGestureRecognizerStateBegan)
+            first->setState(UIGestureRecognizerStateBegan);
+    };
+    host.touchDown({110, 150});
+    host.touchMove({130, 150});
+    EXPECT_EQ(news(), (Log{"view began", "slide began", "view cancelled", "first began"}));
+}
+
+TEST_F(GestureLifetime, AnActionMayDisableOneThatBeganAndEndedInOneEventBeforeItIsToldOfTheEnd) {
+    auto slide = attach<Slide>(view, "slide");
+    slide->onTouch = [&](const std::string& what) {
+        if (what == "moved")
+            slide->setState(UIGestureRecognizerStateEnded);
+    };
+    reporterNamed("slide")->act = [](UIGestureRecognizer* recognizer) { recognizer->setEnabled(false); };
+    slideOver();
+    EXPECT_EQ(news(), (Log{"view began", "view cancelled", "slide began", "slide cancelled"}));
+    EXPECT_EQ(slide->resets, 1);
+}
+
+TEST_F(GestureLifetime, AnActionThatHearsOfTheMoveToAnotherViewMayChooseAThird) {
+    auto slide = attach<Slide>(view, "slide");
+    auto second = addView("second", CGRectMake(0, 0, 50, 50)), third = addView("third", CGRectMake(50, 0, 50, 50));
+    reporterNamed("slide")->act = [&](UIGestureRecognizer* recognizer) {
+        if (recognizer->state() == UIGestureRecognizerStateCancelled)
+            third->addGestureRecognizer(recognizer);
+    };
+    host.touchDown({110, 150});
+    host.touchMove({130, 150});
+    second->addGestureRecognizer(slide);
+    EXPECT_EQ(slide->view(), third.get());
+    EXPECT_EQ(third->gestureRecognizers(), (std::vector<Ref<UIGestureRecognizer>>{slide}));
+    EXPECT_TRUE(second->gestureRecognizers().empty());
+    EXPECT_TRUE(view->gestureRecognizers().empty());
+}
+
 TEST_F(GestureLifetime, ADelegateMayStopTheOneThatAsks) {
     for (const bool answer : {false, true}) {
         auto slide = attach<Slide>(view, "slide");
@@ -249,6 +293,43 @@ TEST_F(GestureLifetime, ADelegateMayRemoveARecognizerThatItHidesNoTouchFrom) {
     slideOver();
     EXPECT_EQ(news(), (Log{"view began", "view moved", "view ended"}));
     EXPECT_TRUE(slide->seen.empty());
+}
+
+TEST_F(GestureLifetime, ADelegateMayKeepThoseAskedAfterItFromTheTouch) {
+    auto slide = attach<Slide>(view, "slide");
+    auto other = addView("other", CGRectMake(0, 0, 50, 50));
+    Ref<Slide> next;
+    const std::function<void()> ways[] = {
+        [&] { next->setEnabled(false); },
+        [&] { view->removeGestureRecognizer(next); },
+        [&] { other->addGestureRecognizer(next); },
+    };
+    for (const auto& way : ways) {
+        next = attach<Slide>(view, "next");
+        auto says = judge(next);
+        judge(slide)->actOnTouch = way;
+        slideOver();
+        EXPECT_EQ(says->touchedViews.size(), 0u);
+        EXPECT_TRUE(next->seen.empty());
+        EXPECT_EQ(log.back(), "slide ended");
+    }
+}
+
+TEST_F(GestureLifetime, ATouchThatADelegatePutsAnEndToIsSeenByNobody) {
+    auto slide = attach<Slide>(view, "slide"), outer = attach<Slide>(window, "outer");
+    auto outerSays = judge(outer);
+    const std::function<void()> ways[] = {
+        [&] { host.touchCancel(); },
+        [&] { view->removeFromSuperview(); },
+    };
+    for (const auto& way : ways) {
+        judge(slide)->actOnTouch = way;
+        slideOver();
+        EXPECT_EQ(news(), Log());
+        EXPECT_TRUE(slide->seen.empty());
+        EXPECT_TRUE(outer->seen.empty());
+        EXPECT_TRUE(outerSays->touchedViews.empty());
+    }
 }
 
 TEST_F(GestureLifetime, ADelegateMayStopEitherOfTwoWhileItIsAskedAboutBoth) {
@@ -289,6 +370,44 @@ TEST_F(GestureLifetime, AViewMayDoAwayWithTheRecognizersOfItsTouch) {
     };
     slideOver();
     EXPECT_EQ(news(), (Log{"view began", "view moved", "view ended"}));
+}
+
+TEST_F(GestureLifetime, AViewThatGoesAsItsTouchEndsIsToldNoMore) {
+    attach<Slide>(window, "outer");
+    view->act = [&](const std::string& what) {
+        if (what == "ended")
+            view->removeFromSuperview();
+    };
+    host.tap({150, 150});
+    EXPECT_EQ(news(), (Log{"view began", "view ended"}));
+}
+
+TEST_F(GestureLifetime, AViewThatGoesAsItIsToldOfAHeldBackBeginningCancelsTheTouchForGood) {
+    auto slide = attach<Slide>(view, "slide");
+    slide->setDelaysTouchesBegan(true);
+    host.touchDown({150, 150});
+    const Ref<UITouch> touch = slide->touchesSeen()[0];
+    host.touchMove({155, 150});
+    view->act = [&](const std::string& what) {
+        if (what == "began")
+            view->removeFromSuperview();
+    };
+    slide->setState(UIGestureRecognizerStateFailed);
+    EXPECT_EQ(news(), (Log{"view began", "view cancelled"}));
+    EXPECT_EQ(touch->phase(), UITouchPhaseCancelled);
+}
+
+TEST_F(GestureLifetime, AViewMayEndARecognizerThatHasNoFingerLeft) {
+    auto slide = attach<Slide>(view, "slide");
+    slide->setDelaysTouchesEnded(false);
+    view->act = [&](const std::string& what) {
+        if (what == "ended")
+            slide->setState(UIGestureRecognizerStateEnded);
+    };
+    slide->fingers = 1; // so that it does not fail with its finger
+    host.tap({150, 150});
+    EXPECT_EQ(news(), (Log{"view began", "view ended", "slide ended"}));
+    EXPECT_EQ(slide->resets, 1);
 }
 
 TEST_F(GestureLifetime, ATouchMethodMayRemoveTheView) {

@@ -242,7 +242,38 @@ TEST_F(Prevention, ThreeMayWorkTogetherIfEachPairIsAllowed) {
     EXPECT_EQ(news(), (Log{"view began", "view cancelled", "a began", "b began", "c began"}));
 }
 
+TEST_F(Prevention, OneThatWasAllowedBesideARecognizedOneIsExcludedByALaterNo) {
+    auto quick = attach<Slide>(view, "quick"), slow = attach<Slide>(view, "slow");
+    slow->threshold = 30;
+    auto says = judge(slow);
+    for (const bool isDiscrete : {true, false}) {
+        quick->isDiscrete = isDiscrete;
+        says->allowsBoth = true;
+        host.touchDown({110, 150});
+        host.touchMove({130, 150});
+        EXPECT_EQ(slow->state(), UIGestureRecognizerStatePossible);
+        says->allowsBoth = false;
+        host.touchMove({150, 150});
+        EXPECT_EQ(slow->state(), UIGestureRecognizerStateFailed);
+        host.touchUp();
+    }
+    EXPECT_EQ(says->timesAskedToBegin, 0);
+}
+
 // Who is asked
+
+TEST_F(Prevention, TheViewsAreAskedFromTheOneHitUpwardsAndThenTheDelegate) {
+    auto child = addView("child", CGRectMake(0, 0, 100, 100), view);
+    auto grandchild = addView("grandchild", CGRectMake(0, 0, 100, 100), child);
+    auto slide = attach<Slide>(view, "slide");
+    Log asked;
+    for (LoggingView* each : {view.get(), child.get(), grandchild.get()})
+        each->actOnQuestion = [&asked, each] { asked.push_back(each->name); };
+    judge(slide)->act = [&] { asked.push_back("delegate"); };
+    host.touchDown({150, 150});
+    host.touchMove({170, 150});
+    EXPECT_EQ(asked, (Log{"grandchild", "child", "view", "delegate"}));
+}
 
 TEST_F(Prevention, TheViewsOnTheWayAreAskedToo) {
     auto outer = addView("outer", CGRectMake(0, 0, 375, 667));
@@ -308,6 +339,39 @@ TEST_F(Prevention, TheDelegateIsAskedAboutEachFinger) {
     EXPECT_EQ(says->touchedViews, (std::vector<UIView*>{child, view}));
     EXPECT_EQ(slide->seen, (Log{"began"}));
     EXPECT_EQ(slide->numberOfTouches(), 1u);
+}
+
+TEST_F(Prevention, TheDelegateIsNotAskedAboutAFingerThatTheDecidedRecognizerWouldNotSee) {
+    auto slide = attach<Slide>(view, "slide"), other = attach<Slide>(view, "other");
+    auto says = judge(slide);
+    judge(other)->allowsBoth = true;
+    other->threshold = 1000;
+    slide->isWaiting = true;
+    const std::function<void()> ways[] = {
+        [&] { slide->setState(UIGestureRecognizerStateFailed); },
+        [&] { slide->setState(UIGestureRecognizerStateEnded); },
+        [&] {
+            slide->setState(UIGestureRecognizerStateBegan);
+            slide->setState(UIGestureRecognizerStateCancelled);
+        },
+        [&] { // it would be recognised, but waits
+            slide->requireGestureRecognizerToFail(other);
+            slide->setState(UIGestureRecognizerStateEnded);
+            EXPECT_EQ(slide->state(), UIGestureRecognizerStatePossible);
+        },
+    };
+    for (const auto& decide : ways) {
+        host.touchDown({150, 150}, 1);
+        EXPECT_EQ(says->touchedViews.size(), 1u);
+        decide();
+        host.touchDown({250, 250}, 2);
+        EXPECT_EQ(says->touchedViews.size(), 1u);
+        EXPECT_EQ(slide->seen, (Log{"began"}));
+        host.touchUp(2);
+        host.touchUp(1);
+        says->touchedViews.clear();
+        slide->seen.clear();
+    }
 }
 
 } // namespace zr::tests

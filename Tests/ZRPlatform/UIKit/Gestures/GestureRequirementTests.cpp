@@ -62,6 +62,19 @@ TEST_F(Requirements, AWaitingOneThatSaysItFailsFails) {
     EXPECT_EQ(news(), (Log{"view began", "view moved", "view ended"}));
 }
 
+TEST_F(Requirements, AWaitingOneThatSaysItIsCancelledFails) {
+    a->requireGestureRecognizerToFail(b);
+    b->threshold = 1000;
+    c->setEnabled(false);
+    host.touchDown({110, 150});
+    slideTo(130);
+    a->setState(UIGestureRecognizerStateCancelled);
+    EXPECT_EQ(a->state(), UIGestureRecognizerStateFailed);
+    b->setState(UIGestureRecognizerStateFailed);
+    EXPECT_EQ(a->state(), UIGestureRecognizerStateFailed);
+    EXPECT_EQ(news(), (Log{"view began", "view moved"}));
+}
+
 TEST_F(Requirements, OneThatBeganAndEndedWhileItWaitedIsToldOfBoth) {
     a->requireGestureRecognizerToFail(b);
     a->isWaiting = true;
@@ -161,6 +174,56 @@ TEST_F(Requirements, ThoseThatWaitForEachOtherDoNotWaitForEver) {
     EXPECT_EQ(log.back(), "c ended");
     for (const Slide* slide : {a.get(), b.get(), c.get()})
         EXPECT_EQ(slide->state(), UIGestureRecognizerStatePossible);
+}
+
+TEST_F(Requirements, OneOutsideOfARingWaitsForThoseInItThatWaitForEachOther) {
+    // In the order in which they see the touch: b and c wait for each other, c for d as well, and a for b.
+    auto d = attach<Slide>(view, "d");
+    judge(d)->allowsBoth = true;
+    view->removeGestureRecognizer(a);
+    view->addGestureRecognizer(a);
+    b->requireGestureRecognizerToFail(c);
+    c->requireGestureRecognizerToFail(b);
+    c->requireGestureRecognizerToFail(d);
+    a->requireGestureRecognizerToFail(b);
+    d->threshold = 1000;
+    host.touchDown({110, 150});
+    slideTo(130);
+    EXPECT_EQ(b->state(), UIGestureRecognizerStateBegan);
+    EXPECT_EQ(a->state(), UIGestureRecognizerStateFailed);
+    EXPECT_EQ(c->state(), UIGestureRecognizerStateFailed);
+    EXPECT_EQ(news(), (Log{"view began", "view cancelled", "b began"}));
+}
+
+TEST_F(Requirements, ARequirementThatFollowsAnotherFingerElsewhereHoldsBackToo) {
+    auto elsewhere = addView("elsewhere", CGRectMake(0, 0, 50, 50));
+    auto busy = attach<Slide>(elsewhere, "busy");
+    a->requireGestureRecognizerToFail(busy);
+    b->setEnabled(false);
+    c->setEnabled(false);
+    host.touchDown({10, 10}, 2);
+    host.touchDown({110, 150}, 1);
+    host.touchMove({130, 150}, 1);
+    EXPECT_EQ(a->state(), UIGestureRecognizerStatePossible);
+    host.touchUp(2);
+    EXPECT_EQ(a->state(), UIGestureRecognizerStateBegan);
+}
+
+TEST_F(Requirements, NobodyIsAskedAboutOneThatFollowsAnotherFinger) {
+    auto elsewhere = addView("elsewhere", CGRectMake(0, 0, 50, 50));
+    auto busy = attach<Slide>(elsewhere, "busy");
+    int questions = 0;
+    judges[0]->actOnRequirement = [&] { ++questions; };
+    judges[0]->requiresFailure = true;
+    judge(busy)->isRequiredToFail = true;
+    busy->isRequiredToFail = a->requiresFailure = true;
+    b->setEnabled(false);
+    c->setEnabled(false);
+    host.touchDown({10, 10}, 2);
+    host.touchDown({110, 150}, 1);
+    host.touchMove({130, 150}, 1);
+    EXPECT_EQ(a->state(), UIGestureRecognizerStateBegan);
+    EXPECT_EQ(questions, 0);
 }
 
 TEST_F(Requirements, ARequirementThatSeesNothingHoldsNothingBack) {

@@ -119,6 +119,38 @@ TEST_F(GestureStates, IllegalTransitionsAreIgnoredAndLogged) {
     }
 }
 
+TEST_F(GestureStates, ANumberThatIsNoStateIsRefusedAndLoggedAtEveryState) {
+    auto other = attach<Slide>(view, "other");
+    other->threshold = 1000;
+    const auto refuses = [this](UIGestureRecognizerState present) {
+        for (const NSInteger number : {-1, 6, 42}) {
+            lines.clear();
+            slide->setState(static_cast<UIGestureRecognizerState>(number));
+            EXPECT_EQ(slide->state(), present);
+            ASSERT_EQ(lines.size(), 1u);
+            EXPECT_NE(lines[0].find(" cannot become " + std::to_string(number)), std::string::npos) << lines[0];
+        }
+    };
+    refuses(UIGestureRecognizerStatePossible);
+    host.touchDown({150, 150});
+    refuses(UIGestureRecognizerStatePossible);
+    slide->requireGestureRecognizerToFail(other);
+    host.touchMove({170, 150});
+    refuses(UIGestureRecognizerStatePossible); // it waits
+    other->setState(UIGestureRecognizerStateFailed);
+    refuses(UIGestureRecognizerStateBegan);
+    host.touchMove({180, 150});
+    refuses(UIGestureRecognizerStateChanged);
+    slide->setState(UIGestureRecognizerStateCancelled);
+    refuses(UIGestureRecognizerStateCancelled);
+    host.touchUp();
+    EXPECT_EQ(news(),
+              (Log{"view began", "view moved", "view cancelled", "slide began", "slide changed", "slide cancelled"}));
+    host.touchDown({150, 150});
+    slide->setState(UIGestureRecognizerStateFailed);
+    refuses(UIGestureRecognizerStateFailed);
+}
+
 TEST_F(GestureStates, CancelledFromPossibleIsAFailure) {
     host.touchDown({150, 150});
     slide->setState(UIGestureRecognizerStateCancelled);

@@ -30,12 +30,15 @@ public:
     }
     bool gestureRecognizerShouldBegin(UIGestureRecognizer*) override {
         ++timesAsked;
+        if (actOnQuestion)
+            actOnQuestion();
         return allowsGestures;
     }
 
     Log* log = nullptr;
     std::string name;
     bool allowsGestures = true;
+    std::function<void()> actOnQuestion;
     int timesAsked = 0;
     /// Where each message found the touch, now and before.
     std::vector<std::pair<CGPoint, CGPoint>> places;

@@ -22,6 +22,18 @@ TEST_F(GestureViewTouches, TheRecognizerSeesATouchBeforeTheView) {
     EXPECT_EQ(news(), (Log{"slide sees began", "view began", "slide sees ended", "view ended"}));
 }
 
+TEST_F(GestureViewTouches, ATouchThatNoRecognizerFollowsGoesStraightToTheView) {
+    judge(slide)->receives = false;
+    view->act = [this](const std::string& what) {
+        if (what == "began")
+            slide->setState(UIGestureRecognizerStateEnded);
+        log.push_back("view has done");
+    };
+    host.tap({150, 150});
+    // Nothing is put off until the end of a turn.
+    EXPECT_EQ(news(), (Log{"view began", "slide ended", "view has done", "view ended", "view has done"}));
+}
+
 TEST_F(GestureViewTouches, TouchesAreCancelledOnceBeforeTheTargetsAreTold) {
     host.touchDown({150, 150});
     host.touchMove({155, 150});
@@ -202,6 +214,28 @@ TEST_F(GestureViewTouches, AViewThatLeavesLosesAnEndHeldBack) {
 }
 
 // Windows that look on
+
+TEST_F(GestureViewTouches, AFingerThatNobodyFollowsAnyMoreGoesWithItsView) {
+    class Watching : public UIWindow {
+    public:
+        void sendEvent(UIEvent* event) override {
+            phases.push_back(event->allTouches()[0]->phase());
+            UIWindow::sendEvent(event);
+        }
+        std::vector<UITouchPhase> phases;
+    };
+    auto watching = make<Watching>(&Watching::initWithFrame, CGRectMake(0, 0, 50, 50));
+    auto logger = addView("logger", CGRectMake(0, 0, 50, 50), watching);
+    auto own = attach<Slide>(watching, "own");
+    own->onTouch = [&](const std::string&) { own->ignoreTouch_forEvent(own->touchesSeen()[0], nullptr); };
+    watching->makeKeyAndVisible();
+    host.touchDown({10, 10});
+    logger->removeFromSuperview();
+    host.touchMove({30, 10});
+    host.touchUp();
+    EXPECT_EQ(watching->phases, (std::vector{UITouchPhaseBegan, UITouchPhaseCancelled}));
+    EXPECT_EQ(news(), (Log{"logger began", "logger cancelled"}));
+}
 
 TEST_F(GestureViewTouches, AWindowThatKeepsEventsToItselfKeepsThemFromRecognizersToo) {
     class Deaf : public UIWindow {

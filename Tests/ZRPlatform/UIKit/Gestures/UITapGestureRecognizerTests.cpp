@@ -361,6 +361,47 @@ TEST_F(Taps, TwoFingersMayTapTwice) {
     EXPECT_EQ(told(), (Log{"pair ended"}));
 }
 
+TEST_F(Taps, TheTimeOfATapOfTwoFingersCountsFromTheFirstOne) {
+    auto pair = attachTap(view, "pair", 2, 2);
+    host.touchDown({150, 150}, 1);
+    host.advance(0.5);
+    host.touchDown({250, 150}, 2);
+    host.advance(0.249);
+    EXPECT_EQ(pair->state(), UIGestureRecognizerStatePossible);
+    host.advance(0.001);
+    EXPECT_EQ(pair->state(), UIGestureRecognizerStateFailed);
+}
+
+TEST_F(Taps, EachFingerOfTheSecondTapMustBeNearOneOfTheFirst) {
+    auto pair = attachTap(view, "pair", 2, 2);
+    const auto tapAt = [this](CGPoint first, CGPoint second) {
+        host.touchDown(first, 1);
+        host.touchDown(second, 2);
+        host.touchUp(1);
+        host.touchUp(2);
+    };
+    tapAt({150, 150}, {250, 150});
+    tapAt({150, 150}, {250, 196});
+    EXPECT_EQ(told(), Log());
+    EXPECT_EQ(pair->state(), UIGestureRecognizerStatePossible);
+    tapAt({150, 150}, {250, 150});
+    tapAt({250, 190}, {150, 190}); // whichever comes first
+    EXPECT_EQ(told(), (Log{"pair ended"}));
+}
+
+TEST_F(Taps, EachTapMustBeNearTheOneBeforeSoThatSeveralMayDrift) {
+    attachTap(view, "triple", 3);
+    for (const CGFloat x : {150.0, 190.0, 230.0})
+        host.tap({x, 150});
+    EXPECT_EQ(told(), (Log{"triple ended"}));
+    for (const CGFloat x : {150.0, 190.0, 150.0})
+        host.tap({x, 150});
+    EXPECT_EQ(told(), (Log{"triple ended"}));
+    for (const CGFloat x : {150.0, 110.0, 156.0}) // near the first, but not the second
+        host.tap({x, 150});
+    EXPECT_EQ(told(), Log());
+}
+
 // Taps and slides
 
 TEST_F(Taps, ASlideIsNoTapEvenIfItIsShort) {

@@ -25,7 +25,7 @@ public:
     void touchChanged(UITouch* touch, UIEvent* event);
     /// The finger has gone. A touch whose end the window has kept to itself is cancelled.
     void touchIsOver(UITouch* touch, UIEvent* event);
-    /// Whether recognisers follow the touch, with its finger down.
+    /// Whether recognisers follow the touch.
     bool isFollowed(const UITouch* touch) const;
     /// The recognisers of the view and of those below it are withdrawn, and their touches cancelled for them.
     void viewLeaves(const UIView* view);
@@ -72,6 +72,7 @@ private:
     Candidate enter(UIGestureRecognizer* recognizer);
     bool hasFingerDown(const Contender& contender) const;
 
+    bool canFollow(const UIGestureRecognizer* recognizer, const UIView* view, const UITouch* touch) const;
     void offerTouch(UITouch* touch);
     void show(UITouch* touch, UIEvent* event);
 

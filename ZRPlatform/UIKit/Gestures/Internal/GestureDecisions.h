@@ -32,8 +32,10 @@ bool isOver(UIGestureRecognizerState state);
 bool isActive(UIGestureRecognizerState state);
 /// Began, changed or ended.
 bool isRecognized(UIGestureRecognizerState state);
+/// Whether the number stands for a state at all.
+bool isState(NSInteger number);
 bool isAllowed(UIGestureRecognizerState from, UIGestureRecognizerState to);
-/// For logs.
+/// For logs; of a state that is one.
 const char* nameOf(UIGestureRecognizerState state);
 
 /// Whether it waits, or need wait no more, with nothing left to see.
