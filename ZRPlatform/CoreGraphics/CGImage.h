@@ -42,8 +42,8 @@ using CGImageRef = CGImage*;
 NSUInteger CGImageGetWidth(CGImageRef image);
 NSUInteger CGImageGetHeight(CGImageRef image);
 NSUInteger CGImageGetBytesPerRow(CGImageRef image);
-/// The part of the image inside `rect` (pixels from the top left, grown outwards to whole ones). It shares the pixels.
-/// Nil when the rectangle misses the image.
+/// The part of the image inside `rect` (pixels from the top left, grown outwards to whole ones, but for a millionth of
+/// one, which is a rounding error). It shares the pixels. Nil when the rectangle misses the image.
 Ref<CGImage> CGImageCreateWithImageInRect(CGImageRef image, CGRect rect);
 
 } // namespace zr

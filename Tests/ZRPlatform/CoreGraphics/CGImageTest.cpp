@@ -49,6 +49,23 @@ TEST(CGImage, APartGrowsToWholePixelsAndIsCutToTheImage) {
     EXPECT_EQ(CGImageGetWidth(nullptr), 0u);
 }
 
+TEST(CGImage, APartDoesNotGrowForAMillionthOfAPixel) {
+    const auto image = numbered();
+    const auto part = CGImageCreateWithImageInRect(image, CGRectMake(1 - 5e-7, 1 - 5e-7, 2 + 1e-6, 1 + 1e-6));
+    ASSERT_NE(part, nullptr);
+    EXPECT_EQ(CGImageGetWidth(part), 2u);
+    EXPECT_EQ(CGImageGetHeight(part), 1u);
+    EXPECT_EQ(part->pixels(), image->pixels() + image->bytesPerRow() + 4);
+    const auto grown = CGImageCreateWithImageInRect(image, CGRectMake(1 - 5e-6, 1, 2 + 1e-5, 1 + 5e-6));
+    EXPECT_EQ(CGImageGetWidth(grown), 4u);
+    EXPECT_EQ(CGImageGetHeight(grown), 2u);
+    // What is smaller than that altogether still lies in a pixel.
+    const auto speck = CGImageCreateWithImageInRect(image, CGRectMake(2, 1, 1e-7, 1e-7));
+    ASSERT_NE(speck, nullptr);
+    EXPECT_EQ(CGImageGetWidth(speck), 1u);
+    EXPECT_EQ(pixelOf(speck, 0, 0), pixelOf(image, 2, 1));
+}
+
 TEST(CGContextDrawImage, StandsUprightWhereYGrowsUpwards) {
     Canvas canvas(4, 4);
     CGContextDrawImage(canvas, CGRectMake(1, 1, 2, 2), imageOf(2, 2, kFourColours));

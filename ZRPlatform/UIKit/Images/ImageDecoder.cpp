@@ -1,5 +1,7 @@
 #include <ZRPlatform/UIKit/Images/Internal/ImageDecoder.h>
 
+#include <ZRPlatform/UIKit/Images/Internal/ImageMetadata.h>
+
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
 #include <algorithm>
@@ -8,35 +10,20 @@
 #include <fstream>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <string_view>
 
 namespace zr {
 
 namespace {
 
-using Bytes = std::span<const std::uint8_t>;
+using Bytes = FileBytes;
 
 constexpr std::uintmax_t kMaximumFileSize = 512u << 20;
 
 struct Unreference {
     void operator()(gpointer object) const { g_object_unref(object); }
 };
-
-bool startsWith(Bytes bytes, std::string_view text, std::size_t offset = 0) {
-    return bytes.size() >= offset + text.size() &&
-           std::equal(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(offset),
-                      [](char a, std::uint8_t b) { return static_cast<std::uint8_t>(a) == b; });
-}
-
-std::uint32_t bigEndian32(Bytes bytes, std::size_t offset) {
-    return std::uint32_t{bytes[offset]} << 24 | std::uint32_t{bytes[offset + 1]} << 16 |
-           std::uint32_t{bytes[offset + 2]} << 8 | bytes[offset + 3];
-}
-
-std::uint32_t littleEndian32(Bytes bytes, std::size_t offset) {
-    return std::uint32_t{bytes[offset + 3]} << 24 | std::uint32_t{bytes[offset + 2]} << 16 |
-           std::uint32_t{bytes[offset + 1]} << 8 | bytes[offset];
-}
 
 // The decoders fill what is missing of a file that was cut short with grey or nothing and call it done, so whether the
 // file goes on to its end is found out here.
@@ -82,19 +69,25 @@ bool isCompleteWebP(Bytes bytes) { return bytes.size() >= 12 && littleEndian32(b
 /// This one reports a missing end itself.
 bool loaderKnows(Bytes) { return true; }
 
+int alwaysUpright(Bytes) { return 1; }
+
 struct Format {
     std::string_view signature;
     std::size_t offset;
     const char* loader;
     bool (*isComplete)(Bytes);
+    /// Where the loader does not tell it. Null where it does.
+    int (*orientation)(Bytes);
+    /// Whether the loader tells of the rows as they come, so that those that never came can be told from black ones.
+    bool tellsRows = false;
 };
 
 constexpr Format kFormats[] = {
-    {"\x89PNG\r\n\x1a\n", 0, "png", isCompletePNG},
-    {"\xFF\xD8\xFF", 0, "jpeg", isCompleteJPEG},
-    {"GIF87a", 0, "gif", loaderKnows},
-    {"GIF89a", 0, "gif", loaderKnows},
-    {"WEBP", 8, "webp", isCompleteWebP},
+    {"\x89PNG\r\n\x1a\n", 0, "png", isCompletePNG, orientationInPNG, true},
+    {"\xFF\xD8\xFF", 0, "jpeg", isCompleteJPEG, nullptr},
+    {"GIF87a", 0, "gif", loaderKnows, alwaysUpright},
+    {"GIF89a", 0, "gif", loaderKnows, alwaysUpright},
+    {"WEBP", 8, "webp", isCompleteWebP, orientationInWebP},
 };
 
 const Format* formatOf(Bytes bytes) {
@@ -118,6 +111,11 @@ void sizePrepared(GdkPixbufLoader* loader, int width, int height, gpointer data)
     // A size of zero makes the decoder give up before it allocates the picture.
     if (!check.isAllowed)
         gdk_pixbuf_loader_set_size(loader, 0, 0);
+}
+
+void areaUpdated(GdkPixbufLoader*, int, int y, int, int height, gpointer data) {
+    int& lastRow = *static_cast<int*>(data);
+    lastRow = std::max(lastRow, y + height);
 }
 
 /// Decoders go on through all they were given even after they gave up, so the bites are small until the size is known.
@@ -145,7 +143,9 @@ Ref<CGImage> imageFromPixbuf(const GdkPixbuf* pixbuf) {
     const NSUInteger stride = static_cast<NSUInteger>(gdk_pixbuf_get_rowstride(pixbuf));
     const bool hasAlpha = gdk_pixbuf_get_has_alpha(pixbuf) != FALSE;
     const std::uint8_t* source = gdk_pixbuf_read_pixels(pixbuf);
-    const std::shared_ptr<std::uint8_t[]> pixels(new std::uint8_t[width * height * 4]);
+    const std::shared_ptr<std::uint8_t[]> pixels(new (std::nothrow) std::uint8_t[width * height * 4]);
+    if (!pixels)
+        return nullptr;
     std::uint8_t* to = pixels.get();
     std::uint8_t leastAlpha = 255;
     for (NSUInteger y = 0; y < height; ++y) {
@@ -192,18 +192,25 @@ std::optional<DecodedImage> decodeImage(Bytes bytes) {
         return std::nullopt;
     SizeCheck check;
     g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(sizePrepared), &check);
+    int lastRow = 0;
+    g_signal_connect(loader.get(), "area-updated", G_CALLBACK(areaUpdated), &lastRow);
     const bool written = feed(loader.get(), bytes, check);
     const bool closed = gdk_pixbuf_loader_close(loader.get(), nullptr) != FALSE;
     GdkPixbuf* pixbuf = gdk_pixbuf_loader_get_pixbuf(loader.get());
-    if (!written || !closed || !check.isAllowed || !pixbuf)
+    if (!written || !closed || !check.isAllowed || !pixbuf ||
+        (format->tellsRows && lastRow < gdk_pixbuf_get_height(pixbuf)))
         return std::nullopt;
-    DecodedImage decoded{imageFromPixbuf(pixbuf), orientationOf(pixbuf)};
+    const int orientation = format->orientation ? format->orientation(bytes) : orientationOf(pixbuf);
+    DecodedImage decoded{imageFromPixbuf(pixbuf), orientation};
     if (!decoded.image)
         return std::nullopt;
     return decoded;
 }
 
 std::optional<DecodedImage> decodeImageFile(const std::string& path) {
+    // The system would take the part before a zero byte for the path, and give another file.
+    if (path.find('\0') != std::string::npos)
+        return std::nullopt;
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error))
         return std::nullopt;

@@ -31,17 +31,23 @@ enum UIImageRenderingMode : NSInteger {
 
 /// An immutable picture: a bitmap, its pixels a point, and how it is turned. May be used on any thread.
 ///
-/// Every function that makes one from a file or from bytes gives nil when there is none, or it is corrupt, cut short,
-/// of no known format (PNG, JPEG, GIF (first frame), WebP), longer than 32767 pixels on a side, or of more
-/// than 64 million pixels.
+/// Every function that makes one from a file or from bytes gives nil when there is none, or it is of no known format
+/// (PNG, JPEG, GIF (first frame), WebP), longer than 32767 pixels on a side, of more than 64 million pixels, or a file
+/// of more than 512 MiB; and when it ends before the end that it announces, or is damaged as far as its format lets one
+/// know. That is all of the pixels in a PNG, which has checksums, but not so elsewhere: a JPEG or WebP whose pixels
+/// were overwritten, or some left out in a way that its end and lengths still fit, is an image with other colours
+/// there.
+///
+/// What a photograph's metadata say of how it is turned is followed in JPEG, PNG and WebP.
 class UIImage : public NSObject {
 public:
-    /// The image of that name among the main bundle's resources. Without an extension it is a PNG. Of the variants for
-    /// scales 1 (plain), 2 ("@2x" before the extension) and 3 ("@3x") it is the one nearest above the screen's scale,
+    /// The image of that name among the main bundle's resources. Without an extension, and when there is none of that
+    /// extension, it is a PNG: "icon.v2" may be "icon.v2.png". Of the variants for scales 1 (plain), 2 ("@2x" before
+    /// the extension) and 3 ("@3x") it is the one nearest above the screen's scale,
     /// else the one nearest below. Decoded images are kept until a memory warning, so asking twice gives the same
     /// object.
     static Ref<UIImage> imageNamed(const NSString& name);
-    /// Exactly this file; "@2x" or "@3x" at the end of its name gives the scale.
+    /// Exactly this file; "@2x" or "@3x" at the end of its name gives the scale. Nil for a path with a zero byte.
     static Ref<UIImage> imageWithContentsOfFile(const NSString& path);
     /// The bytes of an image file.
     static Ref<UIImage> imageWithData(const std::vector<std::uint8_t>& data, CGFloat scale = 1);

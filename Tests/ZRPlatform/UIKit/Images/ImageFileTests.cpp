@@ -1,7 +1,9 @@
 #include <Tests/ZRPlatform/UIKit/Images/ImageTesting.h>
 
 #include <ZRPlatform/UIKit/Images/Internal/ImageDecoder.h>
+#include <ZRPlatform/UIKit/Images/UIGraphics.h>
 
+#include <algorithm>
 #include <ctime>
 #include <sys/resource.h>
 
@@ -29,12 +31,7 @@ Bytes withOrientation(Bytes jpeg, int orientation) {
     return jpeg;
 }
 
-Bytes gif() {
-    return bytesOf(std::string_view("GIF89a\x02\0\x02\0\x91\0\0"
-                                    "\xFF\0\0\0\xFF\0\0\0\xFF\xFF\xFF\xFF"
-                                    ",\0\0\0\0\x02\0\x02\0\0\x02\x03\x44\xA8\x15\0;",
-                                    42));
-}
+Bytes gif() { return testFile("quarters.gif"); }
 
 void expectQuarters(const UIImage* image) {
     ASSERT_TRUE(image);
@@ -69,6 +66,36 @@ TEST(ImageFile, PNGWithoutTransparencyIsOpaque) {
     expectQuarters(image);
 }
 
+TEST(ImageFile, InterlacedPNGsOfEverySizeAreRead) {
+    struct Pass {
+        std::uint32_t x, y, xStep, yStep;
+    };
+    constexpr Pass kPasses[] = {{0, 0, 8, 8}, {4, 0, 8, 8}, {0, 4, 4, 8}, {2, 0, 4, 4},
+                                {0, 2, 2, 4}, {1, 0, 2, 2}, {0, 1, 1, 2}};
+    for (std::uint32_t height = 1; height <= 17; ++height) {
+        for (std::uint32_t width = 1; width <= 17; ++width) {
+            std::uint64_t bytes = 0;
+            for (const Pass& pass : kPasses) {
+                const std::uint32_t columns = (width + pass.xStep - 1 - pass.x) / pass.xStep;
+                const std::uint32_t rows = (height + pass.yStep - 1 - pass.y) / pass.yStep;
+                bytes += width > pass.x && height > pass.y ? std::uint64_t{rows} * (1 + columns) : 0;
+            }
+            Bytes header;
+            PNGWriter::append(header, width);
+            PNGWriter::append(header, height);
+            const Bytes eightBitGrayInterlaced{8, 0, 0, 0, 1};
+            header.insert(header.end(), eightBitGrayInterlaced.begin(), eightBitGrayInterlaced.end());
+            PNGWriter png;
+            png.chunk("IHDR", header);
+            png.chunk("IDAT", compressedZeros(bytes));
+            png.chunk("IEND", {});
+            const auto image = UIImage::imageWithData(png.bytes());
+            ASSERT_TRUE(image) << width << " x " << height;
+            EXPECT_EQ(pixelOf(image, width - 1, height - 1), kBlack);
+        }
+    }
+}
+
 TEST(ImageFile, PNGRepresentationOfATurnedImageIsUpright) {
     const auto turned =
         UIImage::imageWithCGImage_scale_orientation(bitmap(2, {kRed, kGreen}), 1, UIImageOrientationRight);
@@ -82,6 +109,7 @@ TEST(ImageFile, PNGRepresentationOfATurnedImageIsUpright) {
 TEST(ImageFile, PNGRepresentationOfNilIsEmpty) { EXPECT_TRUE(UIImagePNGRepresentation(nullptr).empty()); }
 
 TEST(ImageFile, OtherFormatsAreReadToo) {
+    expectQuarters(UIImage::imageWithData(testFile("quarters.png")));
     expectQuarters(UIImage::imageWithData(testFile("quarters.jpg")));
     expectQuarters(UIImage::imageWithData(testFile("quarters.webp")));
     expectQuarters(UIImage::imageWithData(gif()));
@@ -107,6 +135,48 @@ TEST(ImageFile, DamagedPNGIsNil) {
         damaged[place] ^= 0xFF;
         EXPECT_FALSE(UIImage::imageWithData(damaged)) << "byte " << place;
     }
+}
+
+TEST(ImageFile, PNGWithAWrongChecksumIsNil) {
+    const Bytes file = UIImagePNGRepresentation(plainImage(40, 40, kRed));
+    const auto chunk = [&](std::string_view type) {
+        return std::search(file.begin(), file.end(), type.begin(), type.end()) - file.begin();
+    };
+    // The checksum of the header, and of the pixels: the last bytes before the next chunk's length.
+    constexpr std::ptrdiff_t kHeaderEnd = 33;
+    for (const std::ptrdiff_t end : {kHeaderEnd, chunk("IEND") - 4}) {
+        Bytes damaged = file;
+        damaged[static_cast<std::size_t>(end - 1)] ^= 1;
+        EXPECT_FALSE(UIImage::imageWithData(damaged)) << "before byte " << end;
+    }
+}
+
+TEST(ImageFile, AHeaderThatLiesAboutTheSizeIsRefusedWithoutTheMemoryForIt) {
+    Bytes header;
+    PNGWriter::append(header, 60'000);
+    PNGWriter::append(header, 60'000);
+    const Bytes eightBitRGBA{8, 6, 0, 0, 0};
+    header.insert(header.end(), eightBitRGBA.begin(), eightBitRGBA.end());
+    PNGWriter png;
+    png.chunk("IHDR", header);
+    png.chunk("IDAT", compressedZeros(1000));
+    png.chunk("IEND", {});
+    const std::int64_t before = peakMemory();
+    EXPECT_FALSE(UIImage::imageWithData(png.bytes()));
+    EXPECT_LT(peakMemory() - before, 64 << 20);
+}
+
+TEST(ImageFile, AHeaderThatPromisesMoreThanTheFileHoldsIsNil) {
+    Bytes header;
+    PNGWriter::append(header, 100);
+    PNGWriter::append(header, 100);
+    const Bytes eightBitRGBA{8, 6, 0, 0, 0};
+    header.insert(header.end(), eightBitRGBA.begin(), eightBitRGBA.end());
+    PNGWriter png;
+    png.chunk("IHDR", header);
+    png.chunk("IDAT", compressedZeros(50 * 401));
+    png.chunk("IEND", {});
+    EXPECT_FALSE(UIImage::imageWithData(png.bytes()));
 }
 
 TEST(ImageFile, OtherBytesAreNil) {
@@ -144,6 +214,7 @@ TEST(ImageFile, AGiganticFileIsRefusedWithoutTheMemoryOrTheTimeForIt) {
 TEST(ImageFile, GiganticFilesOfOtherFormatsAreRefused) {
     Bytes hugeGIF = gif();
     Bytes hugeJPEG = testFile("quarters.jpg");
+    Bytes hugeWebP = testFile("quarters.webp");
     for (const std::size_t place : {6, 7, 8, 9})
         hugeGIF[place] = 0xFF;
     for (std::size_t place = 0; place + 8 < hugeJPEG.size(); ++place) {
@@ -152,10 +223,16 @@ TEST(ImageFile, GiganticFilesOfOtherFormatsAreRefused) {
                 hugeJPEG[place + side] = 0x9C;
         }
     }
+    for (const std::size_t place : {0x1A, 0x1C}) {
+        hugeWebP[place] = 0xFF; // 16383 a side is as much as it can say
+        hugeWebP[place + 1] = 0x3F;
+    }
     const std::int64_t before = peakMemory();
+    EXPECT_FALSE(UIImage::imageWithData(hugeWebP));
     EXPECT_FALSE(UIImage::imageWithData(hugeGIF));
     EXPECT_FALSE(UIImage::imageWithData(hugeJPEG));
-    EXPECT_LT(peakMemory() - before, 64 << 20);
+    // The smallest of the three would take a gigabyte.
+    EXPECT_LT(peakMemory() - before, 256 << 20);
 }
 
 TEST(ImageFile, MoreThan64MillionPixelsAreTooMany) {
@@ -174,24 +251,40 @@ TEST(ImageFile, ASideOfMoreThan32767PixelsIsTooLong) {
 }
 
 TEST(ImageFile, ThePhotographsOrientationIsKept) {
-    const UIImageOrientation wanted[] = {UIImageOrientationUp,
-                                         UIImageOrientationUpMirrored,
-                                         UIImageOrientationDown,
-                                         UIImageOrientationDownMirrored,
-                                         UIImageOrientationLeftMirrored,
-                                         UIImageOrientationRight,
-                                         UIImageOrientationRightMirrored,
-                                         UIImageOrientationLeft};
     for (int number = 1; number <= 8; ++number) {
         const auto image = UIImage::imageWithData(withOrientation(testFile("quarters.jpg"), number));
         ASSERT_TRUE(image) << number;
-        EXPECT_EQ(image->imageOrientation(), wanted[number - 1]);
+        EXPECT_EQ(image->imageOrientation(), kOrientations[number - 1]);
         EXPECT_EQ(image->size(), number < 5 ? (CGSize{64, 32}) : (CGSize{32, 64}));
         expectQuarters(image); // as stored
     }
     const auto unknown = UIImage::imageWithData(withOrientation(testFile("quarters.jpg"), 9));
     ASSERT_TRUE(unknown);
     EXPECT_EQ(unknown->imageOrientation(), UIImageOrientationUp);
+}
+
+TEST(ImageFile, PhotographsStandUprightHoweverTheCameraWasHeld) {
+    // Top left, top right, bottom left, bottom right.
+    const Pixel wanted[8][4] = {
+        {kRed, kGreen, kBlue, kWhite}, {kGreen, kRed, kWhite, kBlue}, {kWhite, kBlue, kGreen, kRed},
+        {kBlue, kWhite, kRed, kGreen}, {kRed, kBlue, kGreen, kWhite}, {kBlue, kRed, kWhite, kGreen},
+        {kWhite, kGreen, kBlue, kRed}, {kGreen, kWhite, kRed, kBlue},
+    };
+    for (int number = 1; number <= 8; ++number) {
+        const auto image = UIImage::imageWithData(withOrientation(testFile("quarters.jpg"), number));
+        ASSERT_TRUE(image) << number;
+        UIGraphicsBeginImageContext(image->size());
+        image->drawAtPoint(CGPointZero);
+        const auto drawn = UIGraphicsGetImageFromCurrentImageContext();
+        UIGraphicsEndImageContext();
+        const auto upright = image->uprightImage();
+        for (NSUInteger corner = 0; corner < 4; ++corner) {
+            const NSUInteger x = corner % 2 * (upright->width() - 1), y = corner / 2 * (upright->height() - 1);
+            EXPECT_PRED2(isNearly, pixelOf(upright, x, y), wanted[number - 1][corner]) << number;
+            EXPECT_PRED2(isNearly, pixelOf(drawn, x, y), wanted[number - 1][corner]) << number;
+        }
+    }
+    EXPECT_EQ(UIImage::imageWithData(testFile("quarters-turned.jpg"))->imageOrientation(), UIImageOrientationRight);
 }
 
 TEST(ImageFile, TheNameGivesTheScale) {
@@ -218,6 +311,9 @@ TEST(ImageFile, WhatIsNoFileIsNil) {
     EXPECT_FALSE(UIImage::imageWithContentsOfFile(nullptr));
     EXPECT_FALSE(UIImage::imageWithContentsOfFile("/dev/zero"));
     EXPECT_FALSE(UIImage::imageWithContentsOfFile(folder.write("empty.png", {})));
+    const std::string file = folder.write("red.png", UIImagePNGRepresentation(plainImage(2, 2, kRed)));
+    EXPECT_TRUE(UIImage::imageWithContentsOfFile(file));
+    EXPECT_FALSE(UIImage::imageWithContentsOfFile(file + std::string("\0x", 2)));
 }
 
 } // namespace zr::tests

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Tests/ZRPlatform/CoreGraphics/GeometryPrinting.h>
 #include <ZRPlatform/CoreGraphics/CGImage.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>
 
@@ -15,18 +16,6 @@
 #include <string_view>
 #include <vector>
 
-namespace zr {
-
-inline std::ostream& operator<<(std::ostream& stream, const CGSize& size) {
-    return stream << size.width << " x " << size.height;
-}
-
-inline std::ostream& operator<<(std::ostream& stream, const CGRect& rect) {
-    return stream << "(" << rect.origin.x << ", " << rect.origin.y << ") " << rect.size;
-}
-
-} // namespace zr
-
 namespace zr::tests {
 
 /// A bitmap's pixel: premultiplied red, green, blue, and alpha, 0..255.
@@ -40,6 +29,16 @@ struct Pixel {
 
 inline constexpr Pixel kRed{255, 0, 0, 255}, kGreen{0, 255, 0, 255}, kBlue{0, 0, 255, 255}, kWhite{255, 255, 255, 255},
     kBlack{0, 0, 0, 255}, kNothing{};
+
+/// Those that photographs' metadata number 1 to 8.
+inline constexpr UIImageOrientation kOrientations[] = {UIImageOrientationUp,
+                                                       UIImageOrientationUpMirrored,
+                                                       UIImageOrientationDown,
+                                                       UIImageOrientationDownMirrored,
+                                                       UIImageOrientationLeftMirrored,
+                                                       UIImageOrientationRight,
+                                                       UIImageOrientationRightMirrored,
+                                                       UIImageOrientationLeft};
 
 inline Pixel pixelOf(const CGImage* image, NSUInteger x, NSUInteger y) {
     if (!image || x >= image->width() || y >= image->height())

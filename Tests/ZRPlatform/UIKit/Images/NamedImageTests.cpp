@@ -50,6 +50,13 @@ TEST_F(NamedImage, TheScreensVariantIsTaken) {
     }
 }
 
+TEST_F(NamedImage, WithoutAFileOfItsExtensionItIsAPNG) {
+    add("icon.v2.png", kRed);
+    EXPECT_EQ(colorOf("icon.v2"), kRed);
+    add("photo.jpg.png", kGreen);
+    EXPECT_EQ(colorOf("photo.jpg"), kGreen);
+}
+
 TEST_F(NamedImage, WithoutItTheNearestLargerOneElseTheNearestSmaller) {
     add("a.png", kRed);
     add("a@3x.png", kBlue);

@@ -9,14 +9,6 @@
 #include <limits>
 #include <numbers>
 
-namespace zr {
-
-inline std::ostream& operator<<(std::ostream& stream, const CGPoint& point) {
-    return stream << '(' << point.x << ", " << point.y << ')';
-}
-
-} // namespace zr
-
 namespace zr::tests {
 
 namespace {

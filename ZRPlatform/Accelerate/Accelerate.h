@@ -1,0 +1,3 @@
+#pragma once
+
+#include <ZRPlatform/Accelerate/vImage.h>

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Images/Internal/FileBytes.h>
+
+namespace zr {
+
+/// How a photograph is to be turned, 1..8, by the metadata in a PNG or WebP file; 1, upright, when they do not say so.
+/// @{
+int orientationInPNG(FileBytes bytes);
+int orientationInWebP(FileBytes bytes);
+/// @}
+
+} // namespace zr
