@@ -5,6 +5,15 @@
 #include <ZRPlatform/UIKit/Application/UIApplicationHost.h>
 #include <ZRPlatform/UIKit/Application/UIDevice.h>
 #include <ZRPlatform/UIKit/Application/UIScreen.h>
+#include <ZRPlatform/UIKit/Controllers/UIBarButtonItem.h>
+#include <ZRPlatform/UIKit/Controllers/UIBarItem.h>
+#include <ZRPlatform/UIKit/Controllers/UINavigationBar.h>
+#include <ZRPlatform/UIKit/Controllers/UINavigationController.h>
+#include <ZRPlatform/UIKit/Controllers/UINavigationItem.h>
+#include <ZRPlatform/UIKit/Controllers/UITabBar.h>
+#include <ZRPlatform/UIKit/Controllers/UITabBarController.h>
+#include <ZRPlatform/UIKit/Controllers/UITabBarItem.h>
+#include <ZRPlatform/UIKit/Controllers/UIViewController.h>
 #include <ZRPlatform/UIKit/Controls/UIActivityIndicatorView.h>
 #include <ZRPlatform/UIKit/Controls/UIButton.h>
 #include <ZRPlatform/UIKit/Controls/UIControl.h>

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/Foundation/NSNotificationCenter.h>
 #include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
+#include <ZRPlatform/UIKit/Controllers/UIViewController.h>
 #include <ZRPlatform/UIKit/Events/Internal/TouchDispatcher.h>
 #include <ZRPlatform/UIKit/Gestures/Internal/GestureArbiter.h>
 
@@ -27,6 +28,7 @@ void takeApart(UIView* view) {
 UIApplication* UIApplication::sharedApplication() { return g_application; }
 
 UIApplication::UIApplication() :
+    m_deviceOrientation(UIDevice::currentDevice()->profile().orientation),
     m_gestures(std::make_unique<GestureArbiter>()), m_touches(std::make_unique<TouchDispatcher>(*m_gestures)) {
     g_application = this;
 }
@@ -123,30 +125,6 @@ UIResponder* UIApplication::firstResponder() const {
     return window ? window->firstResponder() : nullptr;
 }
 
-// Orientation
-
-UIInterfaceOrientation UIApplication::statusBarOrientation() const {
-    return UIDevice::currentDevice()->profile().orientation;
-}
-
-void UIApplication::setStatusBarOrientation(UIInterfaceOrientation orientation) {
-    if (orientation == statusBarOrientation())
-        return;
-    const CGRect oldBounds = UIScreen::mainScreen()->bounds();
-    DeviceProfile profile = UIDevice::currentDevice()->profile();
-    profile.orientation = orientation;
-    UIDevice::currentDevice()->setProfile(profile);
-    const CGRect newBounds = UIScreen::mainScreen()->bounds();
-    CATransaction::setNeedsFrame();
-    const std::vector<Ref<UIWindow>> shown(m_windows.begin(), m_windows.end());
-    for (const auto& window : shown) {
-        if (window->frame() == oldBounds)
-            window->setFrame(newBounds);
-    }
-    NSNotificationCenter::defaultCenter()->postNotificationName_object(
-        UIApplicationDidChangeStatusBarOrientationNotification, this);
-}
-
 // Events
 
 void UIApplication::endIgnoringInteractionEvents() {
@@ -185,11 +163,14 @@ void UIApplication::cancelTouchesInView(UIView* view) { m_touches->cancelTouches
 void UIApplication::viewLeavesWindow(UIView* view) {
     cancelTouchesInView(view);
     const UIWindow* window = view->window();
-    auto* first = window ? dynamic_cast<UIView*>(window->firstResponder()) : nullptr;
-    if (!first || !first->isDescendantOfView(view))
+    UIResponder* first = window ? window->firstResponder() : nullptr;
+    const auto* firstView = dynamic_cast<UIView*>(first);
+    if (const auto* controller = dynamic_cast<UIViewController*>(first))
+        firstView = controller->viewIfLoaded();
+    if (!firstView || !firstView->isDescendantOfView(view))
         return;
     // It is asked, but cannot stay.
-    const Ref<UIView> keep = first;
+    const Ref<UIResponder> keep = first;
     first->resignFirstResponder();
     if (UIWindow* left = view->window())
         left->dropFirstResponder(first);

@@ -24,6 +24,20 @@ inline constexpr const char* UIApplicationDidChangeStatusBarOrientationNotificat
 inline constexpr const char* UIApplicationDidReceiveMemoryWarningNotification =
     "UIApplicationDidReceiveMemoryWarningNotification";
 
+/// Posted around a change of the status bar's frame; the one after it inside the animation of the change.
+inline constexpr const char* UIApplicationWillChangeStatusBarFrameNotification =
+    "UIApplicationWillChangeStatusBarFrameNotification";
+inline constexpr const char* UIApplicationDidChangeStatusBarFrameNotification =
+    "UIApplicationDidChangeStatusBarFrameNotification";
+
+enum UIStatusBarStyle : NSInteger { UIStatusBarStyleDefault = 0, UIStatusBarStyleLightContent = 1 };
+
+enum UIStatusBarAnimation : NSInteger {
+    UIStatusBarAnimationNone = 0,
+    UIStatusBarAnimationFade = 1,
+    UIStatusBarAnimationSlide = 2,
+};
+
 /// The application's own part: what to do at start and end.
 class UIApplicationDelegate : public UIResponder {
 public:
@@ -50,8 +64,26 @@ public:
     UIResponder* firstResponder() const;
     UIInterfaceOrientation statusBarOrientation() const;
     /// Turns the device: the screen's bounds follow, and `UIApplicationDidChangeStatusBarOrientationNotification` is
-    /// posted.
+    /// posted. When a view controller in front does not allow it, everything stays as it is; see
+    /// `UIViewController::attemptRotationToDeviceOrientation`.
     void setStatusBarOrientation(UIInterfaceOrientation orientation);
+
+    /// @name Status bar
+    /// The uppermost 20 points of the screen in every orientation. The platform draws nothing there: style and hiding
+    /// are for those who lay out and paint below it. What a controller wishes counts from when its wish changes or the
+    /// controller comes to the front; what is set here, from when it is set.
+    /// @{
+    /// In points of the screen; the zero rectangle while it is hidden.
+    CGRect statusBarFrame() const;
+    bool isStatusBarHidden() const { return m_statusBar.hidden; }
+    void setStatusBarHidden(bool hidden) { setStatusBarHidden_withAnimation(hidden, UIStatusBarAnimationNone); }
+    /// With an animation, what lies below it moves in 0.35 s.
+    void setStatusBarHidden_withAnimation(bool hidden, UIStatusBarAnimation animation);
+    UIStatusBarStyle statusBarStyle() const { return m_statusBar.style; }
+    void setStatusBarStyle(UIStatusBarStyle style) { m_statusBar.style = style; }
+    void setStatusBarStyle_animated(UIStatusBarStyle style, bool) { setStatusBarStyle(style); }
+    /// @}
+
     /// Between the two, touches are ignored. Calls nest.
     void beginIgnoringInteractionEvents() { ++m_ignoringInteractionEvents; }
     void endIgnoringInteractionEvents();
@@ -90,7 +122,16 @@ private:
     friend class GestureArbiter;
     friend class UIWindow;
     friend class UIView;
+    friend class UIViewController;
 
+    struct StatusBar {
+        bool hidden = false;
+        UIStatusBarStyle style = UIStatusBarStyleDefault;
+    };
+
+    void rotateTo(UIInterfaceOrientation orientation);
+    void rotateToDeviceOrientation();
+    void takeStatusBarWish();
     void emptyWindows();
     void windowShown(UIWindow* window);
     void windowHidden(UIWindow* window);
@@ -109,6 +150,11 @@ private:
     std::vector<UIWindow*> m_windows;
     std::vector<Weak<UIWindow>> m_formerKeyWindows;
     Weak<UIWindow> m_keyWindow;
+    /// As the user holds the device; the interface may not have followed.
+    UIInterfaceOrientation m_deviceOrientation;
+    StatusBar m_statusBar;
+    /// What the controller in front asked for last.
+    StatusBar m_statusBarWish;
     std::unique_ptr<GestureArbiter> m_gestures;
     std::unique_ptr<TouchDispatcher> m_touches;
     std::unique_ptr<Compositor> m_compositor;

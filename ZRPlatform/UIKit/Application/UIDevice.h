@@ -15,6 +15,20 @@ enum UIInterfaceOrientation : NSInteger {
     UIInterfaceOrientationLandscapeLeft = 4,
 };
 
+/// Orientations, to be added up.
+enum UIInterfaceOrientationMask : NSUInteger {
+    UIInterfaceOrientationMaskPortrait = 1 << UIInterfaceOrientationPortrait,
+    UIInterfaceOrientationMaskPortraitUpsideDown = 1 << UIInterfaceOrientationPortraitUpsideDown,
+    UIInterfaceOrientationMaskLandscapeRight = 1 << UIInterfaceOrientationLandscapeRight,
+    UIInterfaceOrientationMaskLandscapeLeft = 1 << UIInterfaceOrientationLandscapeLeft,
+    UIInterfaceOrientationMaskLandscape =
+        UIInterfaceOrientationMaskLandscapeRight | UIInterfaceOrientationMaskLandscapeLeft,
+    UIInterfaceOrientationMaskAll = UIInterfaceOrientationMaskPortrait | UIInterfaceOrientationMaskPortraitUpsideDown |
+                                    UIInterfaceOrientationMaskLandscape,
+    UIInterfaceOrientationMaskAllButUpsideDown =
+        UIInterfaceOrientationMaskPortrait | UIInterfaceOrientationMaskLandscape,
+};
+
 /// The device that the program believes to run on. Chosen at start.
 struct DeviceProfile {
     /// Points, in portrait.

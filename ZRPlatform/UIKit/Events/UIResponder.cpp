@@ -1,16 +1,19 @@
 #include <ZRPlatform/UIKit/Events/UIResponder.h>
 
+#include <ZRPlatform/UIKit/Controllers/UIViewController.h>
 #include <ZRPlatform/UIKit/Views/UIWindow.h>
 
 namespace zr {
 
 namespace {
 
-/// The window in which a responder can be first: that of the first view upwards of it.
+/// The window in which a responder can be first: that of the first view upwards of it, of a controller that of its own.
 UIWindow* windowOf(const UIResponder* responder) {
     for (; responder; responder = responder->nextResponder()) {
         if (const auto* view = dynamic_cast<const UIView*>(responder))
             return view->window();
+        if (const auto* controller = dynamic_cast<const UIViewController*>(responder))
+            return controller->viewIfLoaded() ? controller->viewIfLoaded()->window() : nullptr;
     }
     return nullptr;
 }

@@ -5,6 +5,7 @@
 #include <ZRPlatform/Foundation/NSThread.h>
 #include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
 #include <ZRPlatform/UIKit/Application/UIApplication.h>
+#include <ZRPlatform/UIKit/Controllers/UIViewController.h>
 #include <ZRPlatform/UIKit/Gestures/UIGestureRecognizer.h>
 #include <ZRPlatform/UIKit/Views/Internal/ViewDrawing.h>
 
@@ -324,6 +325,9 @@ void UIView::moveToWindow(UIWindow* window) {
     // Each of the messages may move the view elsewhere, and with it the rest of this.
     const Ref<UIView> keep = this;
     const UIView* parent = m_superview;
+    const Ref<UIViewController> controller = m_viewController;
+    if (controller)
+        controller->viewWillMoveToWindow(window);
     willMoveToWindow(window);
     if (m_superview != parent || (window && m_superview && m_superview->m_window != window))
         return;
@@ -337,6 +341,8 @@ void UIView::moveToWindow(UIWindow* window) {
         didMoveToWindow();
     if (window && m_window == window)
         tintColorDidChange();
+    if (controller)
+        controller->viewDidMoveToWindow();
 }
 
 bool UIView::isDescendantOfView(const UIView* view) const {
@@ -364,7 +370,12 @@ void UIView::layoutIfNeeded() { m_layer->layoutIfNeeded(); }
 
 void UIView::layoutSublayersOfLayer(CALayer*) {
     const Ref<UIView> keep = this;
+    const Ref<UIViewController> controller = m_viewController;
+    if (controller)
+        controller->viewWillLayoutSubviews();
     layoutSubviews();
+    if (controller)
+        controller->viewDidLayoutSubviews();
 }
 
 void UIView::setNeedsDisplay() {
@@ -400,7 +411,11 @@ UIView* UIView::hitTest_withEvent(CGPoint point, UIEvent* event) {
 
 bool UIView::pointInside_withEvent(CGPoint point, UIEvent*) { return CGRectContainsPoint(bounds(), point); }
 
-UIResponder* UIView::nextResponder() const { return m_superview; }
+UIResponder* UIView::nextResponder() const {
+    if (m_viewController)
+        return m_viewController;
+    return m_superview;
+}
 
 bool UIView::endEditing(bool force) {
     UIWindow* window = m_window;

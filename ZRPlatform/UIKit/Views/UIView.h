@@ -10,6 +10,7 @@
 namespace zr {
 
 class UIGestureRecognizer;
+class UIViewController;
 class UIWindow;
 
 enum UIViewContentMode : NSInteger {
@@ -177,6 +178,7 @@ public:
     /// The topmost view under the point (this view's coordinates) that takes touches; nil when there is none.
     virtual UIView* hitTest_withEvent(CGPoint point, UIEvent* event);
     virtual bool pointInside_withEvent(CGPoint point, UIEvent* event);
+    /// The view's controller, if it is one's root view; else its superview.
     UIResponder* nextResponder() const override;
     /// Resigns the first responder if it is this view or below it. False when it refused; with `force` it is not asked.
     bool endEditing(bool force);
@@ -254,6 +256,7 @@ protected:
     void destroy() override;
 
 private:
+    friend class UIViewController;
     friend class UIWindow;
 
     void insertSubview(UIView* view, std::size_t index);
@@ -268,6 +271,8 @@ private:
     std::vector<Ref<UIGestureRecognizer>> m_gestureRecognizers;
     UIView* m_superview = nullptr;
     UIWindow* m_window = nullptr;
+    /// Not kept: it keeps the view.
+    UIViewController* m_viewController = nullptr;
     Ref<UIColor> m_backgroundColor;
     Ref<UIColor> m_tintColor;
     NSUInteger m_autoresizingMask = 0;

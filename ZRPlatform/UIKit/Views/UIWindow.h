@@ -22,8 +22,22 @@ inline constexpr const char* UIWindowDidResignKeyNotification = "UIWindowDidResi
 /// topmost visible window that was key before becomes key again.
 class UIWindow : public UIView {
 public:
+    UIWindow();
     ~UIWindow() override;
     bool initWithFrame(CGRect frame) override;
+
+    /// @name Controller
+    /// @{
+    /// Nil at first.
+    UIViewController* rootViewController() const { return m_rootViewController; }
+    /// The controller whose view fills the window, below the window's other subviews, and follows its size. Kept; its
+    /// view is loaded when the window is visible. The controllers whose views are in the window appear and disappear
+    /// with it.
+    ///
+    /// What the old one presents is dismissed with it, without animation. One that has a parent or is presented is
+    /// refused and logged; one that is another window's root is taken from that one.
+    virtual void setRootViewController(UIViewController* controller);
+    /// @}
 
     UIWindowLevel windowLevel() const { return m_windowLevel; }
     void setWindowLevel(UIWindowLevel level);
@@ -45,10 +59,23 @@ public:
     /// The responder is first no more, whether it agrees or not. Nothing happens when it is not.
     void dropFirstResponder(UIResponder* responder);
 
+protected:
+    const KeyTable& keyTable() const override;
+
 private:
+    friend class UIApplication;
     friend class UIResponder;
 
+    void showRootView();
+    void takeRootViewAway();
+    std::vector<Ref<UIViewController>> topControllers() const;
+
     Weak<UIResponder> m_firstResponder;
+    /// What it filled when it was hidden; zero otherwise. A screen that turns meanwhile does not find it.
+    CGRect m_filledScreen;
+    Ref<UIViewController> m_rootViewController;
+    /// The root controller whose view was put into the window last.
+    Ref<UIViewController> m_shownRootViewController;
     UIWindowLevel m_windowLevel = UIWindowLevelNormal;
 };
 

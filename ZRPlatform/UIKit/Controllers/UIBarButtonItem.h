@@ -1,0 +1,53 @@
+#pragma once
+
+#include <ZRPlatform/Foundation/SEL.h>
+#include <ZRPlatform/UIKit/Controllers/UIBarItem.h>
+#include <ZRPlatform/UIKit/Views/UIView.h>
+
+namespace zr {
+
+class UIEvent;
+
+enum UIBarButtonItemStyle : NSInteger {
+    UIBarButtonItemStylePlain = 0,
+    UIBarButtonItemStyleDone = 2,
+};
+
+/// A button at the side of a navigation bar: a title, a picture or any view.
+class UIBarButtonItem : public UIBarItem {
+public:
+    /// A tap sends `action` to `target`, with the item and the event; the target is held weakly, and nil stands for the
+    /// responder chain.
+    virtual bool initWithTitle_style_target_action(const NSString& title, UIBarButtonItemStyle style, NSObject* target,
+                                                   SEL action);
+    virtual bool initWithImage_style_target_action(UIImage* image, UIBarButtonItemStyle style, NSObject* target,
+                                                   SEL action);
+    /// The view keeps its size. Nil makes an item that shows nothing.
+    virtual bool initWithCustomView(UIView* view);
+
+    UIBarButtonItemStyle style() const { return m_style; }
+    UIView* customView() const { return m_customView; }
+    NSObject* target() const { return m_target; }
+    void setTarget(NSObject* target);
+    SEL action() const { return m_action; }
+    void setAction(SEL action) { m_action = action; }
+
+protected:
+    void itemChanged() override;
+
+private:
+    friend class NavigationBarContent;
+
+    /// What shows in the bar, made on first use; nil for an empty item.
+    UIView* shownView();
+    void tapped(NSObject* button, UIEvent* event);
+
+    UIBarButtonItemStyle m_style = UIBarButtonItemStylePlain;
+    Ref<UIView> m_customView;
+    Ref<UIView> m_button;
+    Weak<NSObject> m_target;
+    bool m_hasTarget = false;
+    SEL m_action;
+};
+
+} // namespace zr

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Controllers/UITabBar.h>
+#include <ZRPlatform/UIKit/Controllers/UIViewController.h>
+
+namespace zr {
+
+/// Asked and told of the user's taps, not of selections by code.
+class UITabBarControllerDelegate {
+public:
+    virtual ~UITabBarControllerDelegate() = default;
+    virtual bool tabBarController_shouldSelectViewController(UITabBarController*, UIViewController*) { return true; }
+    /// Also when it was selected already.
+    virtual void tabBarController_didSelectViewController(UITabBarController*, UIViewController*) {}
+};
+
+/// Several screens side by side, the selected one shown above a tab bar of 49 points. The change is at once: the new
+/// screen will appear, the old one will and did disappear, the new one did appear.
+///
+/// A tap on the selected tab takes a navigation controller back to its first screen. The screens fill the controller's
+/// view, below the bar, unless they do not extend to the lower edge.
+class UITabBarController : public UIViewController, public UITabBarDelegate {
+public:
+    UITabBarController();
+    ~UITabBarController() override;
+
+    const std::vector<Ref<UIViewController>>& viewControllers() const { return m_controllers; }
+    /// The selected screen stays so when it is among them; else the one at its index is selected, else the first. Left
+    /// out and logged: nil, one that is there twice, and what cannot be a child.
+    virtual void setViewControllers_animated(const std::vector<Ref<UIViewController>>& controllers, bool animated);
+    void setViewControllers(const std::vector<Ref<UIViewController>>& controllers) {
+        setViewControllers_animated(controllers, false);
+    }
+    /// `NSNotFound` when there are no screens.
+    NSUInteger selectedIndex() const;
+    /// Indices out of range are ignored.
+    virtual void setSelectedIndex(NSUInteger index);
+    /// Nil when there are no screens.
+    UIViewController* selectedViewController() const { return m_selected; }
+    /// One that is not among them is ignored.
+    virtual void setSelectedViewController(UIViewController* controller);
+    /// At the lower edge. Its items are the screens'; its delegate is the controller.
+    UITabBar* tabBar();
+    UITabBarControllerDelegate* delegate() const { return m_delegate; }
+    void setDelegate(const Delegate<UITabBarControllerDelegate>& delegate) { m_delegate = delegate; }
+
+    void loadView() override;
+    void viewWillAppear(bool animated) override;
+    void viewDidAppear(bool animated) override;
+    void viewWillDisappear(bool animated) override;
+    void viewDidDisappear(bool animated) override;
+    bool shouldAutomaticallyForwardAppearanceMethods() const override { return false; }
+    /// Whether all screens would; what all of them support.
+    bool shouldAutorotate() const override;
+    NSUInteger supportedInterfaceOrientations() const override;
+    UIViewController* childViewControllerForStatusBarStyle() const override { return m_selected; }
+    UIViewController* childViewControllerForStatusBarHidden() const override { return m_selected; }
+    void tabBar_didSelectItem(UITabBar* bar, UITabBarItem* item) override;
+
+protected:
+    const KeyTable& keyTable() const override;
+
+private:
+    void showSelected();
+    void showSelectedNow();
+    void showItems();
+    CGRect screenFrame(const UIViewController* controller) const;
+
+    std::vector<Ref<UIViewController>> m_controllers;
+    Ref<UIViewController> m_selected;
+    /// Whose view is in the content view.
+    Ref<UIViewController> m_shown;
+    Ref<UIView> m_content;
+    Ref<UITabBar> m_bar;
+    Delegate<UITabBarControllerDelegate> m_delegate;
+};
+
+} // namespace zr
