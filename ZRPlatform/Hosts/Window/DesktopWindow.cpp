@@ -10,6 +10,8 @@ namespace zr {
 namespace {
 
 constexpr double kSmallestScale = 0.5;
+/// Milliseconds for what was sent to the window to arrive.
+constexpr Uint32 kLastMessageTime = 50;
 /// Title bar and borders, in the window system's coordinates; they are known only once a window is on the screen.
 constexpr int kTitleBarHeight = 40;
 
@@ -85,8 +87,14 @@ std::unique_ptr<DesktopWindow> DesktopWindow::open(const WindowOptions& options,
 }
 
 DesktopWindow::~DesktopWindow() {
-    if (m_window)
+    if (m_window) {
+        // SDL wakes itself by a message to its window, sent through a connection of its own. Should the display server
+        // read that only after the window is gone, the program ends with an error; and there is no way to ask whether
+        // it has. So the server is given the time, with the window out of sight.
+        SDL_HideWindow(m_window);
+        SDL_Delay(kLastMessageTime);
         SDL_DestroyWindow(m_window);
+    }
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
