@@ -3,11 +3,13 @@
 /// @file
 /// Everything the kit offers.
 
+#include <ZRKitDynamic/ZRAnimation/ZRAnimation.h>
 #include <ZRKitDynamic/ZRButton/ZRButton.h>
 #include <ZRKitDynamic/ZRColor/ZRColor.h>
 #include <ZRKitDynamic/ZRColor/ZRColorInstance.h>
 #include <ZRKitDynamic/ZRControl/ZRSegmentedControl.h>
 #include <ZRKitDynamic/ZRControl/ZRSwitch.h>
+#include <ZRKitDynamic/ZRImage/UIImage+Help.h>
 #include <ZRKitDynamic/ZRImage/ZRImage.h>
 #include <ZRKitDynamic/ZRLabel/ZRLabel.h>
 #include <ZRKitDynamic/ZRProgressHUD/ZRBarProgressView.h>

@@ -1,25 +1,17 @@
 #pragma once
 
+#include <Tests/ZRPlatform/CoreGraphics/GeometryPrinting.h>
 #include <ZRPlatform/Hosts/Headless/HeadlessHost.h>
 #include <ZRPlatform/UIKit/UIKit.h>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <ostream>
+#include <utility>
+#include <vector>
 
 namespace zr {
-
-inline std::ostream& operator<<(std::ostream& stream, const CGPoint& point) {
-    return stream << '(' << point.x << ", " << point.y << ')';
-}
-
-inline std::ostream& operator<<(std::ostream& stream, const CGSize& size) {
-    return stream << size.width << " x " << size.height;
-}
-
-inline std::ostream& operator<<(std::ostream& stream, const CGRect& rect) {
-    return stream << rect.origin << ' ' << rect.size;
-}
 
 inline std::ostream& operator<<(std::ostream& stream, const RGBAColor& color) {
     return stream << '(' << color.red * 255 << ", " << color.green * 255 << ", " << color.blue * 255 << ") alpha "
@@ -65,6 +57,38 @@ inline CGPoint middleOnScreen(const UIView* view) {
     const CGRect bounds = view->bounds();
     return view->convertPoint_toView({CGRectGetMidX(bounds), CGRectGetMidY(bounds)}, nullptr);
 }
+
+/// Observes a key, and notes what the value was each time it was told.
+template <class Value>
+class KeyWatcher : public NSObject {
+public:
+    KeyWatcher(NSObject* object, const char* key, std::function<Value()> value) : m_value(std::move(value)) {
+        object->addObserver_forKeyPath_options_context(this, key, 0, nullptr);
+    }
+    void observeValueForKeyPath_ofObject_change_context(const NSString&, NSObject*, const NSKeyValueChange&,
+                                                        void*) override {
+        values.push_back(m_value());
+        if (onChange)
+            onChange();
+    }
+
+    std::vector<Value> values;
+    std::function<void()> onChange;
+
+private:
+    std::function<Value()> m_value;
+};
+
+/// Counts what a control sends for one kind of event.
+class EventCounter : public NSObject {
+public:
+    EventCounter(UIControl* control, NSUInteger events) {
+        control->addTarget_action_forControlEvents(this, selector<&EventCounter::happened>, events);
+    }
+    void happened() { ++count; }
+
+    int count = 0;
+};
 
 /// An application's window of one colour, on the screen and key.
 inline Ref<UIWindow> showWindow(UIColor* color) {

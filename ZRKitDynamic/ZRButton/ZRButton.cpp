@@ -82,7 +82,7 @@ constexpr std::int32_t kNormal = 0, kHighlighted = 1, kDisabled = 2;
 
 template <class Array>
 bool hasIndex(const Array& array, std::int32_t index) {
-    return index >= 0 && static_cast<std::size_t>(index) < array.size();
+    return static_cast<std::uint32_t>(index) < array.size();
 }
 
 } // namespace

@@ -25,8 +25,8 @@ inline constexpr const char* botton_Title_Color_D = "botton_Title_Color_D";
 /// 3 a green outline that fills when pressed, 4 white with green text, 5 a white outline for dark backgrounds, 6 a grey
 /// outline, 7 filled blue.
 ///
-/// It colours itself whenever it is highlighted or enabled or ceases to be. Neither asks for the other, so the setter
-/// called last wins: a disabled button that stops being highlighted looks enabled. Main thread only.
+/// It colours itself whenever it is highlighted or enabled or ceases to be, by the setter that was called last alone: a
+/// disabled button that stops being highlighted looks enabled. Main thread only.
 class ZRButton : public UIButton {
 public:
     /// A new dictionary of the style's nine colours by their keys; empty for a style that is none of 0..7.

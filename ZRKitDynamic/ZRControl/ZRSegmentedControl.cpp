@@ -5,6 +5,7 @@
 #include <ZRPlatform/UIKit/Gestures/UITapGestureRecognizer.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zr {
 
@@ -12,6 +13,8 @@ namespace {
 
 constexpr CGFloat kSegmentWidth = 94;
 constexpr CGFloat kHeight = 29;
+/// Farther from the control than any tap is, in segments.
+constexpr CGFloat kFarAway = 1e9;
 
 CGRect segmentFrame(std::size_t index) {
     return CGRectMake(static_cast<CGFloat>(index) * kSegmentWidth, 0, kSegmentWidth, kHeight);
@@ -63,9 +66,17 @@ const KeyTable& ZRSegmentedControl::keyTable() const {
 
 // Selection
 
+bool ZRSegmentedControl::gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) {
+    const bool isOurs = recognizer && recognizer->view() == this;
+    return (isEnabled() || !isOurs) && UIControl::gestureRecognizerShouldBegin(recognizer);
+}
+
 void ZRSegmentedControl::segmentedControlTaped(UITapGestureRecognizer* recognizer) {
-    if (recognizer)
-        setSelectedSegmentIndex(static_cast<std::int64_t>(recognizer->locationInView(this).x / kSegmentWidth));
+    if (!recognizer)
+        return;
+    const CGFloat segment = recognizer->locationInView(this).x / kSegmentWidth;
+    if (std::abs(segment) < kFarAway)
+        setSelectedSegmentIndex(static_cast<std::int64_t>(segment));
 }
 
 void ZRSegmentedControl::setSelectedSegmentIndex(std::int64_t index) {
@@ -74,11 +85,11 @@ void ZRSegmentedControl::setSelectedSegmentIndex(std::int64_t index) {
     if (!m_titles.empty())
         index = std::min<std::int64_t>(index, static_cast<std::int64_t>(m_titles.size()) - 1);
     if (index != m_selectedSegmentIndex) {
-        setObservable(m_selectedSegmentIndex, index, "selectedSegmentIndex");
+        m_selectedSegmentIndex = index;
         sendActionsForControlEvents(UIControlEventValueChanged);
     }
     // Whatever a target has selected meanwhile.
-    m_selectedSegmentIndex = index;
+    setObservable(m_selectedSegmentIndex, index, "selectedSegmentIndex");
     updateSelectedSegment();
 }
 
@@ -86,6 +97,8 @@ void ZRSegmentedControl::updateSelectedSegment() {
     const Ref<UIColor> selectedText = ZRColor::zrColorWithRed_green_blue_alpha(45, 167, 5, 1);
     for (std::size_t i = 0; i < m_titleLabels.size(); ++i) {
         UILabel* label = m_titleLabels[i];
+        if (!label)
+            continue;
         const bool isSelected = static_cast<std::int64_t>(i) == m_selectedSegmentIndex;
         label->setFrame(segmentFrame(i));
         label->setBackgroundColor(isSelected ? UIColor::whiteColor() : UIColor::clearColor());
@@ -99,7 +112,7 @@ void ZRSegmentedControl::setTitle_forSegmentAtIndex(const NSString& title, NSUIn
     if (index >= m_titles.size() || title.isNil())
         return;
     m_titles[index] = title;
-    if (index < m_titleLabels.size())
+    if (index < m_titleLabels.size() && m_titleLabels[index])
         m_titleLabels[index]->setText(title);
 }
 
@@ -112,8 +125,10 @@ NSString ZRSegmentedControl::titleForSegmentAtIndex(NSUInteger index) const {
 void ZRSegmentedControl::layoutSubviews() {
     UIControl::layoutSubviews();
     layer()->setCornerRadius(frame().size.height * 0.5);
-    for (std::size_t i = 0; i < m_titleLabels.size(); ++i)
-        m_titleLabels[i]->setFrame(segmentFrame(i));
+    for (std::size_t i = 0; i < m_titleLabels.size(); ++i) {
+        if (m_titleLabels[i])
+            m_titleLabels[i]->setFrame(segmentFrame(i));
+    }
 }
 
 } // namespace zr

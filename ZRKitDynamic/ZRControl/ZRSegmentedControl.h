@@ -22,8 +22,9 @@ public:
     virtual void initViews();
 
     const std::vector<NSString>& titles() const { return m_titles; }
+    /// Their number is the range of indices. Changes no label and no width.
     virtual void setTitles(const std::vector<NSString>& titles) { m_titles = titles; }
-    /// One a title, in the same order.
+    /// One a title, in the same order; nil ones are passed over.
     const std::vector<Ref<UILabel>>& titleLabels() const { return m_titleLabels; }
     virtual void setTitleLabels(const std::vector<Ref<UILabel>>& labels) { m_titleLabels = labels; }
 
@@ -38,12 +39,13 @@ public:
     /// Nil beyond the last.
     virtual NSString titleForSegmentAtIndex(NSUInteger index) const;
 
-    /// Selects the segment under the tap.
+    /// Selects the segment under the tap. Not called while the control is disabled.
     virtual void segmentedControlTaped(UITapGestureRecognizer* recognizer);
     /// Places the labels and colours them.
     virtual void updateSelectedSegment();
     /// The corners stay rounded to half the height.
     void layoutSubviews() override;
+    bool gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) override;
 
 protected:
     const KeyTable& keyTable() const override;

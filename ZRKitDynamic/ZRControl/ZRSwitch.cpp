@@ -4,6 +4,8 @@
 #include <ZRPlatform/Foundation/NSKeyValueCoding.h>
 #include <ZRPlatform/UIKit/Events/UITouch.h>
 
+#include <utility>
+
 namespace zr {
 
 namespace {
@@ -57,18 +59,20 @@ const KeyTable& ZRSwitch::keyTable() const {
 void ZRSwitch::setOn(bool on) { setOn_animated(on, true); }
 
 void ZRSwitch::setOn_animated(bool on, bool animated) {
+    const Ref<ZRSwitch> keep = this; // an observer may drop it
     m_animationOn = animated;
     reSizeCirCleWithHighLight_fromRight(false, on);
-    if (on == m_on)
-        return;
+    const bool changes = on != m_on;
     setObservable(m_on, on, "on");
-    moveCircleViewWithStatus(on);
+    if (changes)
+        moveCircleViewWithStatus(on);
 }
 
 void ZRSwitch::setEnabled(bool enabled) {
     UIControl::setEnabled(enabled);
-    if (enabled || m_circleView->bounds().size.width == kKnob.size.width)
+    if (enabled)
         return;
+    m_touched = false;
     reSizeCirCleWithHighLight_fromRight(false, m_on);
     moveCircleViewWithStatus(m_on);
 }
@@ -113,7 +117,8 @@ void ZRSwitch::moveCircleViewWithStatus(bool on) {
 
 void ZRSwitch::touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) {
     UIControl::touchesBegan_withEvent(touches, event);
-    if (!isEnabled())
+    m_touched = isEnabled();
+    if (!m_touched)
         return;
     m_moved = false;
     reSizeCirCleWithHighLight_fromRight(true, isOn());
@@ -121,9 +126,9 @@ void ZRSwitch::touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) {
 
 void ZRSwitch::touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) {
     UIControl::touchesMoved_withEvent(touches, event);
-    if (!isEnabled() || touches.empty())
+    if (!m_touched || touches.empty())
         return;
-    const CGFloat x = (*touches.begin())->locationInView(this).x;
+    const CGFloat x = touches.front()->locationInView(this).x;
     if (x < kDraggedOff)
         dragTo(false);
     if (x > kDraggedOn)
@@ -138,13 +143,16 @@ void ZRSwitch::dragTo(bool on) {
 
 void ZRSwitch::touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) {
     UIControl::touchesEnded_withEvent(touches, event);
-    if (isEnabled())
-        sendAction();
+    finishTouch();
 }
 
 void ZRSwitch::touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event) {
     UIControl::touchesCancelled_withEvent(touches, event);
-    if (isEnabled())
+    finishTouch();
+}
+
+void ZRSwitch::finishTouch() {
+    if (std::exchange(m_touched, false))
         sendAction();
 }
 

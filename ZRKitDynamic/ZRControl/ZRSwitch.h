@@ -20,12 +20,14 @@ public:
     /// Animated.
     virtual void setOn(bool on);
     virtual void setOn_animated(bool on, bool animated);
-    /// A disabled switch leaves touches alone. One that is disabled during a touch rests where it was before.
+    /// A disabled switch leaves touches alone, to their end even if it is enabled meanwhile. One that is disabled
+    /// during a touch rests in its state, and that touch comes to nothing.
     void setEnabled(bool enabled) override;
 
     /// @name Parts of the movement
     /// @{
-    /// Stretches the knob or takes it back. `fromRight`: a knob that is stretched already keeps its right edge.
+    /// Stretches the knob to the right, or takes it back. `fromRight` counts for a knob that is stretched already:
+    /// taken back it keeps its right edge, stretched again it moves 10 points to the left.
     virtual void reSizeCirCleWithHighLight_fromRight(bool highlight, bool fromRight);
     /// Moves the knob's middle there; at the ends, as far as a stretched knob can go.
     virtual void moveCircleViewToPoint(CGFloat x);
@@ -45,9 +47,12 @@ protected:
 
 private:
     void dragTo(bool on);
+    void finishTouch();
 
     Ref<UIView> m_circleView;
     bool m_on = false;
+    /// A touch is under way that began while the switch was enabled.
+    bool m_touched = false;
     bool m_moved = false;
     bool m_moveOn = false;
     bool m_animationOn = false;

@@ -31,8 +31,8 @@ enum ZRTAlertViewStyle : std::int32_t {
 
 /// The kit's modal alert: a bold title, a message of many lines, something by the style, and one or two buttons.
 ///
-/// Make it, choose a style and set what the style shows, then show it. The panel grows with its contents, up to 20
-/// points less than the host's height, unless `alertViewSize` says otherwise.
+/// Make it, choose a style and set what the style shows, then show it. The panel grows with its contents, unless
+/// `alertViewSize` says otherwise; one that would be taller than its host is 20 points lower than that instead.
 class ZRTAlertView : public ZRBaseAlert {
 public:
     ZRTAlertView();

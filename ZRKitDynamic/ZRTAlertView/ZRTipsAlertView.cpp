@@ -10,6 +10,10 @@ namespace {
 
 constexpr CGFloat kPictureTop = 20;
 constexpr CGFloat kSideMargin = 5;
+constexpr CGFloat kMessageSideMargin = 10;
+constexpr CGFloat kMessageSlack = 5;
+constexpr CGFloat kHostMargin = 20;
+constexpr CGFloat kAboveMiddle = 15;
 constexpr CGFloat kTitleHeight = 45;
 constexpr CGFloat kMessageGap = 10;
 constexpr int kTitleLines = 2, kMessageLines = 127;
@@ -40,6 +44,8 @@ bool ZRTipsAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonT
 
 void ZRTipsAlertView::initViews() {
     UIView* panel = backgroundAlert();
+    if (!panel)
+        return;
     m_tipBackgoundImageView = make<UIImageView>(&UIImageView::initWithFrame, CGRectZero);
     m_tipBackgoundImageView->setBackgroundColor(ZRColor::zrColorWithRed_green_blue_alpha(45, 167, 5, 1));
     panel->addSubview(m_tipBackgoundImageView);
@@ -120,10 +126,10 @@ CGRect ZRTipsAlertView::calculateTitleLabelFrame(const NSString&) {
 
 CGRect ZRTipsAlertView::calculateMessageLabelFrame(const NSString& message) {
     const CGSize panel = getAlertViewSize();
-    const CGSize text =
-        sizeWithFont_constrainedToSize(message, messageFont(), CGSizeMake(panel.width - 20, panel.height));
+    const CGSize text = sizeWithFont_constrainedToSize(message, messageFont(),
+                                                       CGSizeMake(panel.width - 2 * kMessageSideMargin, panel.height));
     return CGRectMake(kSideMargin, CGRectGetMaxY(frameOf(m_titleLabel)) + kMessageGap, panel.width - 2 * kSideMargin,
-                      text.height + 5);
+                      text.height + kMessageSlack);
 }
 
 CGRect ZRTipsAlertView::calculateAlertViewFrame() {
@@ -134,9 +140,10 @@ CGRect ZRTipsAlertView::calculateAlertViewFrame() {
         height += frameOf(m_titleLabel).size.height + frameOf(m_messageLabel).size.height +
                   CGRectGetMaxY(frameOf(m_tipImageView));
         if (height > host.height)
-            height = host.height - 20;
+            height = host.height - kHostMargin;
     }
-    return CGRectMake((host.width - panel.width) * 0.5, (host.height - height) * 0.5 - 15, panel.width, height);
+    return CGRectMake((host.width - panel.width) * 0.5, (host.height - height) * 0.5 - kAboveMiddle, panel.width,
+                      height);
 }
 
 } // namespace zr

@@ -8,8 +8,8 @@
 namespace zr {
 
 /// An alert with a coloured header: a band across the top of the panel with a picture and a bold white title, and the
-/// message below it. The panel grows with what it holds, up to 20 points less than the host's height, unless
-/// `alertViewSize` says otherwise. Main thread only.
+/// message below it. The panel grows with what it holds, unless `alertViewSize` says otherwise; one that would be
+/// taller than its host is 20 points lower than that instead. Main thread only.
 class ZRTipsAlertView : public ZRBaseAlert {
 public:
     /// @name Construction
@@ -18,7 +18,7 @@ public:
     virtual bool initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles(
         const NSString& title, const NSString& message, Delegate<ZRTAlertViewDelegate> delegate,
         const NSString& cancelTitle, const NSString& okTitle);
-    /// Makes band, picture and labels, and places the panel; part of the initialiser.
+    /// Makes band, picture and labels, and places the panel; part of the initialiser. Nothing without a panel.
     virtual void initViews();
     /// @}
 
@@ -36,7 +36,7 @@ public:
     /// The picture, nil at first; it is shown at once, and its size counts from the next show on.
     UIImage* tipImage() const { return m_tipImage; }
     virtual void setTipImage(UIImage* image);
-    /// Of the band. Nil at first, when the band is green; setting nil shows none.
+    /// Of the band. Nil at first, when the band is green; nil after another colour shows none.
     UIColor* tipBackgroundColor() const { return m_tipBackgroundColor; }
     virtual void setTipBackgroundColor(UIColor* color);
     /// @}

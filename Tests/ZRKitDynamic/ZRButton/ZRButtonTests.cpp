@@ -2,6 +2,7 @@
 #include <ZRKitDynamic/ZRButton/ZRButton.h>
 
 #include <array>
+#include <limits>
 
 namespace zr::testing {
 
@@ -144,7 +145,7 @@ TEST_F(ZRButtonTest, TheLastSetterWins) {
     const auto button = addButton(3);
     button->setEnabled(false);
     button->setHighlighted(false);
-    EXPECT_EQ(rgba(button->layer() ? button->backgroundColor() : nullptr), kClear);
+    EXPECT_EQ(rgba(button->backgroundColor()), kClear);
     EXPECT_EQ(button->layer()->borderColor()->rgba(), kGreen); // looks enabled
     EXPECT_FALSE(button->isEnabled());
     button->setEnabled(false);
@@ -166,6 +167,39 @@ TEST_F(ZRButtonTest, TitleColoursAreSetForTheirStateOnlyAndStay) {
     button->setHighlighted(false);
     EXPECT_EQ(rgba(button->titleColorForState(UIControlStateHighlighted)), kOpaqueWhite);
     EXPECT_EQ(rgba(button->titleColorForState(UIControlStateDisabled)), kText);
+    button->setEnabled(false);
+    EXPECT_EQ(rgba(button->titleColorForState(UIControlStateDisabled)), rgb(0, 187, 61, 0.3));
+    EXPECT_EQ(rgba(button->titleColorForState(UIControlStateNormal)), kText);
+}
+
+TEST_F(ZRButtonTest, ItIsInItsStateBeforeItColoursItself) {
+    class WatchedButton : public ZRButton {
+    public:
+        void updateBottonColorWithStatus(std::int32_t status) override {
+            seen.push_back({status, isHighlighted(), isEnabled()});
+            ZRButton::updateBottonColorWithStatus(status);
+        }
+        void setStyle(std::int32_t style) override {
+            ++stylesSet;
+            ZRButton::setStyle(style);
+        }
+        struct Seen {
+            std::int32_t status;
+            bool highlighted, enabled;
+            bool operator==(const Seen&) const = default;
+        };
+        std::vector<Seen> seen;
+        int stylesSet = 0;
+    };
+    const auto button = ZRButton::bottomButtonWithFrame_style<WatchedButton>(kFrame, 2);
+    button->setHighlighted(true);
+    button->setHighlighted(false);
+    button->setEnabled(false);
+    button->setEnabled(true);
+    EXPECT_EQ(button->stylesSet, 1);
+    using Seen = WatchedButton::Seen;
+    EXPECT_EQ(button->seen, (std::vector<Seen>{Seen{0, false, true}, Seen{1, true, true}, Seen{0, false, true},
+                                               Seen{2, false, false}, Seen{0, false, true}}));
 }
 
 TEST_F(ZRButtonTest, SettingTheStyleAloneRecoloursNothing) {
@@ -200,7 +234,8 @@ TEST_F(ZRButtonTest, AStyleWithoutColoursLeavesNone) {
         EXPECT_EQ(button->layer()->cornerRadius(), 22);
         window->addSubview(button);
         host.tap({100, 120});
-        host.snapshot();
+        EXPECT_EQ(host.pixel({30, 122}), (FramePixel{255, 255, 255})); // nothing but the title shows
+        EXPECT_EQ(host.pixel({120, 100}), (FramePixel{255, 255, 255}));
         button->updateBottomButtonWithStyle(2);
         expectState(button, kStyles[2], 0);
         button->updateBottomButtonWithStyle(style);
@@ -219,6 +254,45 @@ TEST_F(ZRButtonTest, StaysAPillWhenItIsResized) {
     button->layoutIfNeeded();
     EXPECT_EQ(button->layer()->cornerRadius(), 0);
     host.snapshot();
+}
+
+TEST_F(ZRButtonTest, ItsTitleIsLaidOutInTheMiddle) {
+    const auto button = addButton(2);
+    const CGRect title = button->titleLabel()->frame();
+    EXPECT_GT(title.size.width, 40);
+    EXPECT_NEAR(CGRectGetMidX(title), 100, 0.5);
+    EXPECT_NEAR(CGRectGetMidY(title), 22, 0.5);
+}
+
+TEST_F(ZRButtonTest, TheRadiusIsHalfTheHeightOfTheFrame) {
+    const auto button = addButton(2);
+    button->setTransform(CGAffineTransformMakeScale(2, 2));
+    button->setNeedsLayout();
+    button->layoutIfNeeded();
+    EXPECT_EQ(button->layer()->cornerRadius(), 44);
+}
+
+TEST_F(ZRButtonTest, FramesThatMakeNoSenseAreNoHarm) {
+    const CGFloat nan = std::numeric_limits<CGFloat>::quiet_NaN();
+    for (const CGRect frame :
+         {CGRectMake(20, 100, 0, 0), CGRectMake(nan, nan, nan, nan), CGRectMake(20, 100, 1e30, 1e30)}) {
+        const auto button = addButton(2, frame);
+        host.tap({100, 120});
+        host.snapshot();
+        EXPECT_FALSE(button->isHighlighted());
+        button->removeFromSuperview();
+    }
+}
+
+TEST_F(ZRButtonTest, ResizedToNothingWhilePressedItIsReleased) {
+    const auto button = addButton(2);
+    host.touchDown({100, 120});
+    button->setFrame(CGRectMake(20, 100, 0, 0));
+    host.touchUp();
+    host.snapshot();
+    EXPECT_FALSE(button->isHighlighted());
+    EXPECT_EQ(button->layer()->cornerRadius(), 0);
+    expectState(button, kStyles[2], 0);
 }
 
 TEST_F(ZRButtonTest, IsPaintedAsAPillInItsColours) {

@@ -183,6 +183,66 @@ TEST_F(ZRSegmentedControlTest, WhatATargetSelectsMeanwhileDoesNotLast) {
     expectShown(1);
 }
 
+TEST_F(ZRSegmentedControlTest, ItsSelectionIsAKeyThatCanBeObserved) {
+    control->setValue_forKey(std::int64_t(1), "selectedSegmentIndex");
+    EXPECT_EQ(control->selectedSegmentIndex(), 1);
+    EXPECT_EQ(control->valueForKey("selectedSegmentIndex").integerValue(), 1);
+    KeyWatcher<std::int64_t> watcher(control, "selectedSegmentIndex",
+                                     [this] { return control->selectedSegmentIndex(); });
+    control->setSelectedSegmentIndex(7);
+    control->setSelectedSegmentIndex(2);
+    EXPECT_EQ(watcher.values, (std::vector<std::int64_t>{2, 2}));
+    // One that a target changes meanwhile is told with the value that lasts.
+    listener.count = 0;
+    listener.onChange = [this] {
+        if (listener.count == 1)
+            control->setSelectedSegmentIndex(0);
+    };
+    control->setSelectedSegmentIndex(1);
+    EXPECT_EQ(watcher.values.back(), 1);
+}
+
+TEST_F(ZRSegmentedControlTest, SendsNoEventButThatItsValueChanged) {
+    EventCounter others(control, UIControlEventAllEvents & ~NSUInteger(UIControlEventValueChanged));
+    control->setSelectedSegmentIndex(1);
+    EXPECT_EQ(others.count, 0);
+    EXPECT_EQ(listener.count, 1);
+}
+
+TEST_F(ZRSegmentedControlTest, ATapGoesThroughTheSetter) {
+    class Segments : public ZRSegmentedControl {
+    public:
+        void setSelectedSegmentIndex(std::int64_t index) override {
+            asked.push_back(index);
+            ZRSegmentedControl::setSelectedSegmentIndex(index);
+        }
+        std::vector<std::int64_t> asked;
+    };
+    const auto special = make<Segments>(&ZRSegmentedControl::initWithItems, std::vector<NSString>{"a", "b"});
+    window->addSubview(special);
+    host.tap({100, 10});
+    EXPECT_EQ(special->asked, (std::vector<std::int64_t>{1}));
+}
+
+TEST_F(ZRSegmentedControlTest, TitlesAndLabelsThatAreSetCountFromThenOn) {
+    control->setTitles({"a", "b", "c", "d"});
+    EXPECT_EQ(label(0)->text(), "Day");
+    EXPECT_EQ(control->frame().size.width, 282);
+    control->setSelectedSegmentIndex(9);
+    EXPECT_EQ(control->selectedSegmentIndex(), 3);
+    const auto other = make<UILabel>();
+    control->setTitleLabels({nullptr, other});
+    control->setSelectedSegmentIndex(1);
+    control->setNeedsLayout();
+    control->layoutIfNeeded();
+    control->setTitle_forSegmentAtIndex("A", 0);
+    control->setTitle_forSegmentAtIndex("B", 1);
+    EXPECT_EQ(rgba(other->textColor()), kSelectedText);
+    EXPECT_EQ(other->frame(), CGRectMake(94, 0, 94, 29));
+    EXPECT_EQ(other->text(), "B");
+    EXPECT_EQ(control->titleForSegmentAtIndex(0), "A");
+}
+
 TEST_F(ZRSegmentedControlTest, TitlesCanBeReplaced) {
     control->setTitle_forSegmentAtIndex("Year", 2);
     EXPECT_EQ(control->titleForSegmentAtIndex(2), "Year");
@@ -240,17 +300,54 @@ TEST_F(ZRSegmentedControlTest, IsPaintedAsAPillOfSegments) {
     EXPECT_EQ(host.pixel({207, 105}), (FramePixel{0, 0, 255}));
 }
 
-TEST_F(ZRSegmentedControlTest, RemovedDisabledOrResizedDuringItsTouch) {
+TEST_F(ZRSegmentedControlTest, DisabledItCanOnlyBeSetByCode) {
+    control->setEnabled(false);
+    tapAt(220);
+    EXPECT_EQ(control->selectedSegmentIndex(), 0);
+    control->setEnabled(true);
+    host.touchDown({240, 114});
+    control->setEnabled(false);
+    host.touchUp();
+    EXPECT_EQ(control->selectedSegmentIndex(), 0);
+    control->setSelectedSegmentIndex(1);
+    EXPECT_EQ(control->selectedSegmentIndex(), 1);
+    control->setEnabled(true);
+    tapAt(220);
+    EXPECT_EQ(control->selectedSegmentIndex(), 2);
+}
+
+TEST_F(ZRSegmentedControlTest, RemovedDuringItsTouchSelectsNothing) {
     host.touchDown({220, 114});
     control->removeFromSuperview();
     host.touchUp();
     EXPECT_EQ(control->selectedSegmentIndex(), 0);
-    window->addSubview(control);
+    EXPECT_EQ(listener.count, 0);
+}
+
+TEST_F(ZRSegmentedControlTest, ResizedToNothingDuringItsTouchSelectsWhereTheFingerIs) {
     host.touchDown({220, 114});
     control->setFrame(CGRectMake(20, 100, 0, 0));
     host.touchUp();
     host.snapshot();
-    EXPECT_LE(control->selectedSegmentIndex(), 2);
+    EXPECT_EQ(control->selectedSegmentIndex(), 2);
+}
+
+TEST_F(ZRSegmentedControlTest, ScaledToNothingDuringItsTouchItStaysWithinItsSegments) {
+    host.touchDown({220, 114});
+    control->setTransform(CGAffineTransformMakeScale(0, 0));
+    host.touchUp();
+    host.snapshot();
+    EXPECT_EQ(control->selectedSegmentIndex(), 0);
+}
+
+TEST_F(ZRSegmentedControlTest, MayBeDroppedByWhomItTellsOfACodesChange) {
+    auto lone = make<ZRSegmentedControl>(&ZRSegmentedControl::initWithItems, std::vector<NSString>{"a", "b"});
+    ZRSegmentedControl* plain = lone;
+    const Weak<ZRSegmentedControl> weak = lone;
+    lone->addTarget_action_forControlEvents(&listener, selector<&Listener::changed>, UIControlEventValueChanged);
+    listener.onChange = [&] { lone = nullptr; };
+    plain->setSelectedSegmentIndex(1);
+    EXPECT_EQ(weak, nullptr);
 }
 
 TEST_F(ZRSegmentedControlTest, MayBeDroppedByWhomItTells) {

@@ -114,7 +114,6 @@ TEST_F(ZRSwitchTest, SetByCodeWithAnimationMovesAndColoursIn400Milliseconds) {
 
 TEST_F(ZRSwitchTest, SetToWhatItIsSendsAndMovesNothing) {
     control->setOn(false);
-    EXPECT_FALSE(knob()->layer()->hasAnimations() && seenKnob() != knob()->frame());
     expectAtRest(false);
     control->setOn_animated(true, false);
     control->setOn(true);
@@ -129,6 +128,24 @@ TEST_F(ZRSwitchTest, SetToWhatItIsShrinksAStretchedKnob) {
     control->setOn_animated(false, false);
     EXPECT_EQ(knob()->frame(), CGRectMake(1.5, 1.5, 28, 28));
     EXPECT_EQ(rgba(control->backgroundColor()), kOff);
+}
+
+TEST_F(ZRSwitchTest, ObserversAreToldOfEachSetting) {
+    KeyWatcher<bool> watcher(control, "on", [this] { return control->isOn(); });
+    control->setOn_animated(true, false);
+    control->setOn(true);
+    host.tap(at(35));
+    EXPECT_EQ(watcher.values, (std::vector<bool>{true, true, false}));
+}
+
+TEST_F(ZRSwitchTest, MayBeDroppedByWhomObservesIt) {
+    auto lone = make<ZRSwitch>();
+    ZRSwitch* plain = lone;
+    const Weak<ZRSwitch> weak = lone;
+    KeyWatcher<bool> watcher(lone, "on", [plain] { return plain->isOn(); });
+    watcher.onChange = [&] { lone = nullptr; };
+    plain->setOn(true);
+    EXPECT_EQ(weak, nullptr);
 }
 
 TEST_F(ZRSwitchTest, OnIsAKey) {
@@ -175,6 +192,36 @@ TEST_F(ZRSwitchTest, StretchesIn300MillisecondsOnceASetWasAnimated) {
     control->setOn_animated(false, false);
     host.touchDown(at(15));
     EXPECT_EQ(seenKnob().size.width, 38);
+}
+
+TEST_F(ZRSwitchTest, ShrinksIn300MillisecondsWhenASetWasAnimated) {
+    makeAnimated();
+    host.touchDown(at(15));
+    host.advance(1);
+    control->setOn(false); // it is off already: only the knob's width changes
+    host.advance(0.15);
+    EXPECT_NEAR(seenKnob().size.width, 33, 1e-6);
+    host.advance(0.15);
+    EXPECT_FALSE(knob()->layer()->hasAnimations());
+    expectAtRest(false);
+}
+
+TEST_F(ZRSwitchTest, IsAControlThatTracksItsTouch) {
+    EventCounter down(control, UIControlEventTouchDown), drag(control, UIControlEventTouchDragInside);
+    EventCounter up(control, UIControlEventTouchUpInside), cancel(control, UIControlEventTouchCancel);
+    host.touchDown(at(15));
+    EXPECT_EQ(down.count, 1);
+    EXPECT_TRUE(control->isTracking());
+    EXPECT_TRUE(control->isHighlighted());
+    host.touchMove(at(20));
+    EXPECT_EQ(drag.count, 1);
+    host.touchUp();
+    EXPECT_EQ(up.count, 1);
+    EXPECT_FALSE(control->isTracking());
+    host.touchDown(at(15));
+    host.touchCancel();
+    EXPECT_EQ(cancel.count, 1);
+    EXPECT_FALSE(control->isTracking());
 }
 
 TEST_F(ZRSwitchTest, AnOnKnobStretchesBeyondTheRightEdgeAndIsCutThere) {
@@ -287,8 +334,30 @@ TEST_F(ZRSwitchTest, ADragThereAndBackSendsNothing) {
     host.touchUp();
     host.advance(1);
     EXPECT_EQ(listener.count, 0);
-    EXPECT_TRUE(control->isOn());
-    EXPECT_EQ(rgba(control->backgroundColor()), kOn);
+    expectAtRest(true);
+}
+
+TEST_F(ZRSwitchTest, TheEndOfADragIsAnimated) {
+    host.touchDown(at(15));
+    host.touchMove(at(45));
+    const CGRect dragged = seenKnob(); // at once: no set was animated before
+    EXPECT_EQ(dragged, knob()->frame());
+    host.touchUp();
+    EXPECT_EQ(seenKnob(), dragged);
+    EXPECT_NE(seenKnob(), knob()->frame());
+    host.advance(0.4);
+    expectAtRest(true);
+}
+
+TEST_F(ZRSwitchTest, ACancelledDragIsADrag) {
+    control->setOn_animated(true, false);
+    host.touchDown(at(35));
+    host.touchMove(at(5));
+    host.touchMove(at(45));
+    host.touchCancel();
+    host.advance(1);
+    EXPECT_EQ(listener.count, 0);
+    expectAtRest(true);
 }
 
 TEST_F(ZRSwitchTest, ADragInTheMiddleIsATap) {
@@ -354,6 +423,56 @@ TEST_F(ZRSwitchTest, DisabledDuringATouchRestsWhereItWas) {
     host.tap(at(15));
     host.advance(1);
     expectAtRest(true);
+}
+
+TEST_F(ZRSwitchTest, DisabledAfterCodeHasSetItDuringADragItRestsAsItIs) {
+    host.touchDown(at(15));
+    control->setOn_animated(false, false); // takes the knob back, though the finger is down
+    host.touchMove(at(45));
+    control->setEnabled(false);
+    host.advance(1);
+    expectAtRest(false);
+    host.touchUp();
+    host.advance(1);
+    expectAtRest(false);
+}
+
+TEST_F(ZRSwitchTest, ATouchCountsOnlyIfItWasEnabledAllTheWay) {
+    control->setEnabled(false);
+    host.touchDown(at(15));
+    control->setEnabled(true);
+    host.touchMove(at(45));
+    host.touchUp();
+    expectAtRest(false);
+    // Neither does a touch in which it was disabled for a moment.
+    host.touchDown(at(15));
+    host.touchMove(at(45));
+    control->setEnabled(false);
+    control->setEnabled(true);
+    host.touchMove(at(46));
+    host.touchUp();
+    host.advance(1);
+    expectAtRest(false);
+    EXPECT_EQ(listener.count, 0);
+    host.tap(at(15));
+    EXPECT_EQ(listener.count, 1);
+}
+
+TEST_F(ZRSwitchTest, RemovedDuringADragItTakesOverWhatShows) {
+    host.touchDown(at(15));
+    host.touchMove(at(45));
+    control->removeFromSuperview();
+    EXPECT_TRUE(control->isOn());
+    EXPECT_EQ(listener.count, 1);
+}
+
+TEST_F(ZRSwitchTest, ResizedToNothingDuringItsTouchItTogglesAllTheSame) {
+    host.touchDown(at(15));
+    control->setFrame(CGRectMake(100, 200, 0, 0));
+    host.touchUp();
+    host.snapshot();
+    EXPECT_TRUE(control->isOn());
+    EXPECT_EQ(listener.count, 1);
 }
 
 TEST_F(ZRSwitchTest, RemovedDuringATouchTogglesAsCancelledOnesDo) {

@@ -97,6 +97,19 @@ TEST(ZRTipsAlertView, EachPartIsBelowTheOneBefore) {
     EXPECT_EQ(tips->okButton()->frame().size.height, 45);
 }
 
+TEST(ZRTipsAlertView, OneLayoutPlacesEachPartBelowTheOneBefore) {
+    const HeadlessHost host;
+    const auto tips = makeTips(kTitle, kMessage);
+    tips->setTipImage(imageOfSize(60, 60));
+    tips->reLayoutSubviews();
+    EXPECT_EQ(pictureOf(tips)->frame(), CGRectMake(105, 20, 60, 60));
+    EXPECT_EQ(tips->titleLabel()->frame().origin.y, 80);
+    EXPECT_EQ(tips->messageLabel()->frame().origin.y, 135);
+    EXPECT_EQ(bandOf(tips)->frame(), CGRectMake(0, 0, 270, 125));
+    EXPECT_EQ(tips->backgroundAlert()->frame().size.height, 70 + 45 + tips->messageLabel()->frame().size.height + 80);
+    EXPECT_EQ(tips->okButton()->frame().origin.y, tips->backgroundAlert()->frame().size.height - 44);
+}
+
 TEST(ZRTipsAlertView, WithoutAnImageTheTitleIsAtTheTop) {
     HeadlessHost host;
     const auto tips = makeTips(kTitle, kMessage);
@@ -155,6 +168,46 @@ TEST(ZRTipsAlertView, AMessageIsMeasuredWithinTheAlertsSize) {
     tips->setAlertViewSize(CGSizeMake(200, 400));
     EXPECT_EQ(tips->calculateMessageLabelFrame(textOfLines(30)),
               CGRectMake(5, 55, 190, measuredHeight(textOfLines(30), 200, 400) + 5));
+}
+
+TEST(ZRTipsAlertView, AMessageWrapsByWordsTenPointsInsideThePanel) {
+    const HeadlessHost host;
+    const auto widthOf = [](const std::string& text) {
+        return sizeWithFont_constrainedToSize(text, UIFont::systemFontOfSize(15), CGSizeMake(10000, 100)).width;
+    };
+    // One line on 260 points, two on 250.
+    std::string words = "i";
+    while (widthOf(words) <= 251)
+        words += " i";
+    ASSERT_LE(widthOf(words), 259);
+    const auto heightOfLines = [](int lines) { return measuredHeight(textOfLines(lines), 270, 70) + 5; };
+    EXPECT_EQ(makeTips(kTitle, words)->messageLabel()->frame().size.height, heightOfLines(2));
+    // Words of more than half a line: three of them, cut anywhere, would fit on two lines.
+    std::string word = "m";
+    while (widthOf(word) <= 126)
+        word += "m";
+    ASSERT_LE(widthOf(word), 150);
+    EXPECT_EQ(makeTips(kTitle, word + " " + word + " " + word)->messageLabel()->frame().size.height, heightOfLines(3));
+}
+
+TEST(ZRTipsAlertView, AMessageThatIsSetCountsInTheNextLayout) {
+    const HeadlessHost host;
+    const auto tips = makeTips(kTitle, kMessage);
+    tips->setMessage(textOfLines(3));
+    tips->reLayoutSubviews();
+    EXPECT_EQ(tips->messageLabel()->frame().size.height, measuredHeight(textOfLines(3), 270, 70) + 5);
+    EXPECT_EQ(tips->messageLabel()->text(), kMessage);
+}
+
+TEST(ZRTipsAlertView, APanelTallerThanItsHostViewIs20LowerThanThat) {
+    HeadlessHost host;
+    const auto window = showWindow(UIColor::whiteColor());
+    const auto view = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, 300, 120));
+    window->addSubview(view);
+    const auto tips = makeTips(kTitle, kMessage);
+    tips->showInView_animation(view, false);
+    EXPECT_EQ(tips->backgroundAlert()->frame(), CGRectMake(15, -5, 270, 100));
+    endAlert(host, tips);
 }
 
 TEST(ZRTipsAlertView, APanelTallerThanItsHostIs20LowerThanThat) {
@@ -222,8 +275,21 @@ TEST(ZRTipsAlertView, TheTipImageShowsAtOnceAndIsPlacedByTheNextLayout) {
     pictureOf(tips)->setImage(nullptr);
     tips->setTipImage(image); // the same one: nothing happens
     EXPECT_EQ(pictureOf(tips)->image(), nullptr);
+    tips->setTipImage(imageOfSize(40, 30));
     tips->setTipImage(nullptr);
     EXPECT_EQ(tips->tipImage(), nullptr);
+    EXPECT_EQ(pictureOf(tips)->image(), nullptr);
+    tips->reLayoutSubviews();
+    EXPECT_EQ(pictureOf(tips)->frame(), CGRectMake(135, 20, 0, 0));
+}
+
+TEST(ZRTipsAlertView, WithoutAPanelThereAreNoParts) {
+    const HeadlessHost host;
+    const auto tips = make<ZRTipsAlertView>();
+    tips->setTitle(kTitle);
+    tips->initViews();
+    tips->reLayoutSubviews();
+    EXPECT_EQ(tips->titleLabel(), nullptr);
 }
 
 TEST(ZRTipsAlertView, TheTipBackgroundColorIsTheBands) {

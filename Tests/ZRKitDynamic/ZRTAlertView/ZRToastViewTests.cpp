@@ -100,6 +100,36 @@ TEST(ZRToastView, LaterLayoutsKeepTheIconsWidthAndTop) {
     EXPECT_EQ(toast->calculateRotationImageViewFrame(), CGRectMake(50.5, 20, 67, 67));
 }
 
+TEST(ZRToastView, TheMessageIsBelowWhereTheIconIs) {
+    const HeadlessHost host;
+    const auto toast = makeToastWithIcon("Exporting");
+    toast->reLayoutSubviews();
+    toast->rotationImageView()->setFrame(CGRectMake(1, 20, 40, 10));
+    EXPECT_EQ(toast->calculateMessageLabelFrame(), CGRectMake(10, 40, 148, 50));
+}
+
+TEST(ZRToastView, ASubclassCanReplaceEachStepOfTheLayout) {
+    class OwnToast : public ZRToastView {
+    public:
+        void reLayoutSubviews() override {
+            ++layouts;
+            ZRToastView::reLayoutSubviews();
+        }
+        CGRect calculateRotationImageViewFrame() override { return CGRectMake(1, 2, 3, 4); }
+        CGRect calculateMessageLabelFrame() override { return CGRectMake(5, 6, 7, 8); }
+        CGSize getAlertViewSize() override { return CGSizeMake(100, 90); }
+        int layouts = 0;
+    };
+    HeadlessHost host;
+    const auto toast = make<OwnToast>(&ZRToastView::initWithDelegate_message, nullptr, "Exporting");
+    toast->showWithAnimation(false);
+    EXPECT_EQ(toast->layouts, 2); // one more for the view it is shown in
+    EXPECT_EQ(toast->rotationImageView()->frame(), CGRectMake(1, 2, 3, 4));
+    EXPECT_EQ(toast->messageLabel()->frame(), CGRectMake(5, 6, 7, 8));
+    EXPECT_EQ(toast->backgroundAlert()->bounds().size, CGSizeMake(100, 90));
+    endAlert(host, toast);
+}
+
 TEST(ZRToastView, CalculatingPlacesNothing) {
     const HeadlessHost host;
     const auto toast = makeToastWithIcon("Exporting");
@@ -216,8 +246,11 @@ TEST(ZRToastView, TheSpinIsEndlessAndKeptUnderItsKey) {
     EXPECT_EQ(spin->duration(), 0.8);
     EXPECT_EQ(spin->repeatCount(), 3.4028235e38f);
     EXPECT_FALSE(spin->isRemovedOnCompletion());
+    toast->rotationImageView()->layer()->addAnimation_forKey(CABasicAnimation::animationWithKeyPath("opacity"),
+                                                             "other");
     toast->stopRotation();
-    EXPECT_FALSE(layer->hasAnimations());
+    EXPECT_FALSE(layer->animationForKey("transform"));
+    EXPECT_TRUE(layer->animationForKey("other"));
     toast->stopRotation();
 }
 
@@ -245,6 +278,8 @@ TEST(ZRToastView, WithoutPartsDoesNothing) {
     EXPECT_EQ(toast->messageLabel()->frame(), CGRectMake(10, 10, 148, 50));
     toast->setMessageLabel(nullptr);
     toast->showWithAnimation(false);
+    EXPECT_EQ(toast->calculateMessageLabelFrame(), CGRectZero);
+    EXPECT_EQ(toast->backgroundAlert()->bounds().size, CGSizeMake(168, 200));
     endAlert(host, toast);
 }
 
@@ -255,6 +290,7 @@ TEST(ZRToastView, AnImageWithoutASizeIsNoHarm) {
     toast->showWithAnimation(true);
     host.advance(1);
     host.snapshot();
+    EXPECT_EQ(toast->rotationImageView()->frame(), CGRectMake(50.5, 43, 67, 67)); // it is an image all the same
     endAlert(host, toast);
 }
 
