@@ -21,3 +21,6 @@
 #include <ZRKitDynamic/ZRTAlertView/ZRTAlertViewDelegate.h>
 #include <ZRKitDynamic/ZRTAlertView/ZRTipsAlertView.h>
 #include <ZRKitDynamic/ZRTAlertView/ZRToastView.h>
+#include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBar.h>
+#include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBarDelegate.h>
+#include <ZRKitDynamic/ZRView/ZRShadowAnimationView.h>

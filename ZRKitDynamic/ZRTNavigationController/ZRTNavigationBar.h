@@ -1,0 +1,89 @@
+#pragma once
+
+#include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBarDelegate.h>
+#include <ZRKitDynamic/ZRView/ZRShadowAnimationView.h>
+#include <ZRPlatform/UIKit/Controls/UIButton.h>
+#include <ZRPlatform/UIKit/Views/UILabel.h>
+
+#include <functional>
+
+namespace zr {
+
+/// A screen's bar: a centred title, a back button on the left, and the screen's own buttons, a left one in the back
+/// button's place and a right one. Everything sits at the bar's bottom edge, so that a bar that reaches under the
+/// status bar need only be higher.
+///
+/// All is placed once, when it is made or set, and kept in place by its autoresizing mask. Main thread only.
+class ZRTNavigationBar : public UIView {
+public:
+    bool initWithFrame(CGRect frame) override;
+    /// Makes background, title and back button; part of the initialiser.
+    virtual void initViews();
+
+    /// @name Properties
+    /// Objects are kept, but for the delegate; what is replaced stays in the bar.
+    /// @{
+    ZRTNavigationBarDelegate* delegate() const { return m_delegate; }
+    virtual void setDelegate(const Delegate<ZRTNavigationBarDelegate>& delegate) { m_delegate = delegate; }
+    ZRShadowAnimationView* backgroundImageView() const { return m_backgroundImageView; }
+    virtual void setBackgroundImageView(ZRShadowAnimationView* view) { m_backgroundImageView = view; }
+    UILabel* titleLabel() const { return m_titleLabel; }
+    virtual void setTitleLabel(UILabel* label) { m_titleLabel = label; }
+    /// It has the application's images "icon_title_back.png" and "icon_title_back_press.png", if there are such.
+    UIButton* backButton() const { return m_backButton; }
+    virtual void setBackButton(UIButton* button) { m_backButton = button; }
+    /// Nil when there is none. The setter stores only; see `setLeftButton_animated`.
+    UIButton* leftButton() const { return m_leftButton; }
+    virtual void setLeftButton(UIButton* button) { m_leftButton = button; }
+    UIButton* rightButton() const { return m_rightButton; }
+    virtual void setRightButton(UIButton* button) { m_rightButton = button; }
+    /// @}
+
+    virtual void setNavTitle(const NSString& title);
+    /// Gives the background the theme's colour again. The bar does not follow the theme by itself.
+    virtual void defaultBackgroundColor();
+
+    /// @name Showing and hiding
+    /// What is hidden keeps its place. Animated, the bar fades within 0.5 s and its buttons within 0.3 s.
+    /// @{
+    virtual void hiddenNavigationBarWithAnimated(bool animated);
+    virtual void showNavigationBarWithAnimated(bool animated);
+    /// Nothing without a back button.
+    virtual void hiddenBackButton_animated(bool hidden, bool animated);
+    virtual void hiddenBackButtonAnimated(bool animated);
+    virtual void showBackButtonAnimated(bool animated);
+    /// @}
+
+    /// @name The screen's buttons
+    /// A new button replaces the one before at once, takes the bar's colours and font, keeps its size, and fades in;
+    /// nil fades the button out and then takes it off. The button that is there already is left as it is.
+    /// @{
+    /// 5 points from the left edge. Asking for a left button hides the back button, at once, even when nothing else
+    /// comes of it; only taking one off does not. It does not come back by itself.
+    virtual void setLeftButton_animated(UIButton* button, bool animated);
+    /// 5 points from the right edge.
+    virtual void setRightButton_animated(UIButton* button, bool animated);
+    /// Fades in a text button, 40 points wide; 70 on the right.
+    virtual void setLeftButtonTitle_target_action(const NSString& title, NSObject* target, SEL action);
+    virtual void setRightButtonTitle_target_action(const NSString& title, NSObject* target, SEL action);
+    /// @}
+
+    /// Tells the delegate.
+    virtual void backButtonClicked(UIButton* button);
+    void layoutSubviews() override;
+
+private:
+    CGFloat buttonTop() const;
+    Ref<UIButton> makeTextButton(CGRect frame, const NSString& title, NSObject* target, SEL action);
+    void fadeOut(const Ref<UIButton>& button, bool animated, const std::function<void(UIButton*)>& forget);
+    void replace(UIButton* former, UIButton* button, CGFloat centerX, bool animated);
+
+    Delegate<ZRTNavigationBarDelegate> m_delegate;
+    Ref<ZRShadowAnimationView> m_backgroundImageView;
+    Ref<UILabel> m_titleLabel;
+    Ref<UIButton> m_backButton;
+    Ref<UIButton> m_leftButton;
+    Ref<UIButton> m_rightButton;
+};
+
+} // namespace zr

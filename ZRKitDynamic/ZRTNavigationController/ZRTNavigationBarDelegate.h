@@ -1,0 +1,16 @@
+#pragma once
+
+namespace zr {
+
+class UIButton;
+class ZRTNavigationBar;
+
+/// Told what the user does with a navigation bar.
+class ZRTNavigationBarDelegate {
+public:
+    virtual ~ZRTNavigationBarDelegate() = default;
+
+    virtual void zrTNavigationBar_backButtonClicked(ZRTNavigationBar* /*bar*/, UIButton* /*button*/) {}
+};
+
+} // namespace zr
