@@ -1,4 +1,4 @@
-#include <Gallery/Icons/HUDIcons.h>
+#include <Gallery/Icons/Icons.h>
 
 #include <Gallery/Icons/Tile.h>
 

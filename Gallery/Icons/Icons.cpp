@@ -1,9 +1,7 @@
-#include <Gallery/Icons/HUDIcons.h>
 #include <Gallery/Icons/Icons.h>
-#include <Gallery/Icons/Tile.h>
 
-#include <cmath>
-#include <numbers>
+#include <Gallery/Icons/Glyphs.h>
+#include <Gallery/Icons/Tile.h>
 
 namespace zr::icons {
 
@@ -23,24 +21,6 @@ void drawMessageLine(Pen& pen, Ink detail) { pen.fillRounded(CGRectMake(9, 14, 1
 void drawButtonLine(Pen& pen, Ink detail) { pen.fillRounded(CGRectMake(6, 17, 18, 1), 0, detail); }
 
 void drawField(Pen& pen) { pen.fillRounded(CGRectMake(5, 10, 20, 10), 3, kWhite); }
-
-/// Three quarters of a circle, with a head at the end that points against the clock, as the alert's picture turns.
-void drawRotatingArrow(Pen& pen, CGPoint center, double radius, double lineWidth, Ink ink) {
-    constexpr double headDegrees = -28;
-    pen.strokeArc(center, radius, headDegrees, 230, lineWidth, ink);
-
-    constexpr double radians = std::numbers::pi / 180;
-    const CGPoint base{center.x + radius * std::cos(headDegrees * radians),
-                       center.y + radius * std::sin(headDegrees * radians)};
-    // Turned in from the tangent, to where the circle has gone by the middle of the head.
-    constexpr double directionDegrees = headDegrees - 90 - 20;
-    const CGPoint ahead{std::cos(directionDegrees * radians), std::sin(directionDegrees * radians)};
-    const auto at = [&](double forward, double aside) {
-        return CGPointMake(base.x + lineWidth * (ahead.x * forward - ahead.y * aside),
-                           base.y + lineWidth * (ahead.y * forward + ahead.x * aside));
-    };
-    pen.fillPolygon({at(2.1, 0), at(-0.25, 1.45), at(-0.25, -1.45)}, ink);
-}
 
 void drawButtonDivider(Pen& pen, Ink detail) {
     const double width = pen.wholePixels(1);
@@ -77,7 +57,7 @@ void drawProgressAlert(Pen& pen) {
 
 void drawRotationAlert(Pen& pen) {
     drawTile(pen, kGreenHue);
-    drawRotatingArrow(pen, {15, 15}, 7, 2, kWhite);
+    drawArcArrow(pen, {15, 15}, 7, 230, -28, 2, kWhite);
 }
 
 void drawTextFieldAlert(Pen& pen) {
@@ -166,7 +146,7 @@ void drawCheckBoxPress(Pen& pen) {
     pen.strokeLines({{9.5, 15}, {13.25, 18.75}, {20.5, 10.75}}, 2.25, kWhite);
 }
 
-void drawSpinner(Pen& pen) { drawRotatingArrow(pen, {20, 20}, 13.5, 4, kGreen); }
+void drawSpinner(Pen& pen) { drawArcArrow(pen, {20, 20}, 13.5, 230, -28, 4, kGreen); }
 
 void drawDisclosure(Pen& pen) { pen.strokeLines({{1.5, 1.5}, {6.5, 6.5}, {1.5, 11.5}}, 2, kGrey); }
 
@@ -217,8 +197,8 @@ constexpr Icon kIcons[] = {
 
 std::vector<Icon> allIcons() {
     std::vector<Icon> icons(std::begin(kIcons), std::end(kIcons));
-    const auto more = hudIcons();
-    icons.insert(icons.end(), more.begin(), more.end());
+    for (const auto more : {overlayIcons(), hudIcons(), controlIcons(), imageIcons()})
+        icons.insert(icons.end(), more.begin(), more.end());
     return icons;
 }
 

@@ -2,6 +2,7 @@
 
 #include <Gallery/Icons/Pen.h>
 
+#include <span>
 #include <vector>
 
 namespace zr::icons {
@@ -14,5 +15,11 @@ struct Icon {
 };
 
 std::vector<Icon> allIcons();
+
+/// Those of one source file each.
+std::span<const Icon> overlayIcons();
+std::span<const Icon> hudIcons();
+std::span<const Icon> controlIcons();
+std::span<const Icon> imageIcons();
 
 } // namespace zr::icons

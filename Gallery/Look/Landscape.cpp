@@ -1,5 +1,6 @@
 #include <Gallery/Look/Landscape.h>
 
+#include <Gallery/Look/Look.h>
 #include <ZRPlatform/CoreGraphics/CGGradient.h>
 #include <ZRPlatform/UIKit/Images/UIGraphics.h>
 
@@ -45,6 +46,13 @@ void drawHill(CGContext* context, CGSize size, const Hill& hill) {
     CGContextFillPath(context);
 }
 
+void drawLandscape(CGContext* context, CGSize size) {
+    drawSky(context, size);
+    drawSun(context, size);
+    for (const Hill& hill : kHills)
+        drawHill(context, size, hill);
+}
+
 } // namespace
 
 bool Landscape::initWithFrame(CGRect frame) {
@@ -52,17 +60,18 @@ bool Landscape::initWithFrame(CGRect frame) {
         return false;
     setClipsToBounds(true);
     setContentMode(UIViewContentModeRedraw);
-    layer()->setCornerRadius(6);
+    layer()->setCornerRadius(Look::kCornerRadius);
     return true;
 }
 
-void Landscape::drawRect(CGRect) {
-    CGContext* context = UIGraphicsGetCurrentContext();
-    const CGSize size = bounds().size;
-    drawSky(context, size);
-    drawSun(context, size);
-    for (const Hill& hill : kHills)
-        drawHill(context, size, hill);
+void Landscape::drawRect(CGRect) { drawLandscape(UIGraphicsGetCurrentContext(), bounds().size); }
+
+Ref<UIImage> Landscape::image(CGSize size, CGFloat scale) {
+    UIGraphicsBeginImageContextWithOptions(size, true, scale);
+    drawLandscape(UIGraphicsGetCurrentContext(), size);
+    auto image = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    return image;
 }
 
 } // namespace zr::gallery

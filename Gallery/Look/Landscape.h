@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ZRPlatform/UIKit/Images/UIImage.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
 namespace zr::gallery {
@@ -9,6 +10,8 @@ class Landscape : public UIView {
 public:
     bool initWithFrame(CGRect frame) override;
     void drawRect(CGRect rect) override;
+    /// The same picture as an image, without the round corners. `size` in points, `scale` pixels a point.
+    static Ref<UIImage> image(CGSize size, CGFloat scale);
 };
 
 } // namespace zr::gallery

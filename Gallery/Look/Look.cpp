@@ -135,4 +135,14 @@ Ref<UIView> line(CGRect frame) {
     return line;
 }
 
+Ref<UIView> card(CGRect frame) {
+    auto card = make<UIView>(&UIView::initWithFrame, frame);
+    card->setBackgroundColor(UIColor::whiteColor());
+    card->setOpaque(false);
+    card->layer()->setCornerRadius(kCornerRadius);
+    card->layer()->setBorderWidth(hairline());
+    card->layer()->setBorderColor(separatorColor()->cgColor());
+    return card;
+}
+
 } // namespace zr::gallery::Look

@@ -45,6 +45,9 @@ inline constexpr CGFloat kMargin = 15;
 /// Status bar area and title, in points.
 inline constexpr CGFloat kBarHeight = 64;
 
+/// Of cards, buttons and pictures, in points.
+inline constexpr CGFloat kCornerRadius = 6;
+
 /// A label without background; 0 lines for as many as the text needs. Its frame is zero.
 Ref<UILabel> label(const NSString& text, UIFont* font, UIColor* color, NSInteger lines = 1,
                    NSTextAlignment alignment = NSTextAlignmentLeft);
@@ -52,6 +55,8 @@ Ref<UILabel> label(const NSString& text, UIFont* font, UIColor* color, NSInteger
 CGFloat heightOfLabel(const UILabel* label, CGFloat width);
 /// A view of one colour that takes no touches.
 Ref<UIView> line(CGRect frame);
+/// A white ground with round corners and a thin edge.
+Ref<UIView> card(CGRect frame);
 
 } // namespace Look
 

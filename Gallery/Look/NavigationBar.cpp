@@ -54,6 +54,8 @@ bool NavigationBar::initWithFrame_title(CGRect frame, const NSString& title) {
     m_title = Look::label(title, UIFont::boldSystemFontOfSize(18), UIColor::whiteColor(), 1, NSTextAlignmentCenter);
     m_title->setFrame(CGRectMake(90, kStatusBarHeight, width - 180, Look::kBarHeight - kStatusBarHeight));
     m_title->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+    m_title->setAdjustsFontSizeToFitWidth(true);
+    m_title->setMinimumScaleFactor(0.7);
     addSubview(m_title);
     NSNotificationCenter::defaultCenter()->addObserver_selector_name_object(this, selector<&NavigationBar::applyTheme>,
                                                                             kChangeThemeNotification, nullptr);

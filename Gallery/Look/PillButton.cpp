@@ -11,7 +11,7 @@ constexpr CGFloat kTitleInset = 6;
 bool PillButton::initWithFrame_title(CGRect frame, const NSString& title) {
     if (!initWithFrame(frame))
         return false;
-    layer()->setCornerRadius(6);
+    layer()->setCornerRadius(Look::kCornerRadius);
     setOpaque(false);
     setBackgroundColor(Look::green());
     m_title = Look::label(title, UIFont::boldSystemFontOfSize(17), UIColor::whiteColor(), 1, NSTextAlignmentCenter);

@@ -31,7 +31,7 @@ bool TimeLine::initWithFrame_lanes_duration(CGRect frame, const std::vector<NSSt
     m_duration = duration;
     setBackgroundColor(UIColor::whiteColor());
     setOpaque(false);
-    layer()->setCornerRadius(6);
+    layer()->setCornerRadius(Look::kCornerRadius);
     layer()->setBorderWidth(Look::hairline());
     layer()->setBorderColor(Look::separatorColor()->cgColor());
     for (std::size_t i = 0; i < lanes.size(); ++i)

@@ -32,13 +32,13 @@ protected:
         alert->setAlertViewSize(CGSizeMake(220, 142));
         return alert;
     }
-    void alertIsShown(ZRTAlertView* alert) override {
-        alert->startRotation();
+    void overlayIsShown() override {
+        alert()->startRotation();
         stop();
         m_timer = NSTimer::scheduledTimerWithTimeInterval_repeats_block(
-            4, false, [this](NSTimer*) { this->alert()->dismissAlertView(); });
+            4, false, [this](NSTimer*) { alert()->dismissAlertView(); });
     }
-    void alertWillGo(ZRTAlertView*) override { stop(); }
+    void overlayWillGo() override { stop(); }
 
 private:
     void stop() {
@@ -50,29 +50,9 @@ private:
     Ref<NSTimer> m_timer;
 };
 
-/// Shows the alert inside a view on the page instead of above everything.
-class HostViewDemo : public AlertDemo {
-public:
-    void setHostView(UIView* view) { m_hostView = view; }
-    void putAway() {
-        if (alert() && alert()->superview())
-            alert()->dismissAlertViewWithoutAnimation();
-    }
-
-protected:
-    void presentAlert(ZRTAlertView* alert) override { alert->showInView_animation(m_hostView, true); }
-
-private:
-    Ref<UIView> m_hostView;
-};
-
 Ref<UIView> makeHostView(CGFloat width) {
-    auto host = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, width, 250));
-    host->setBackgroundColor(UIColor::whiteColor());
+    auto host = Look::card(CGRectMake(0, 0, width, 250));
     host->setClipsToBounds(true);
-    host->layer()->setCornerRadius(6);
-    host->layer()->setBorderWidth(Look::hairline());
-    host->layer()->setBorderColor(Look::separatorColor()->cgColor());
     const auto label =
         Look::label("Host view", UIFont::systemFontOfSize(13), Look::titleColor(), 1, NSTextAlignmentCenter);
     label->setFrame(CGRectMake(0, 12, width, 18));
@@ -80,15 +60,21 @@ Ref<UIView> makeHostView(CGFloat width) {
     return host;
 }
 
-void buildHostViewPage(PageView& page) {
-    const AlertSpec spec{"Reload map?", "Only this view waits for the answer.", "Later", "Reload"};
-    const auto demo = make<HostViewDemo>(&AlertDemo::initWithPage_spec, &page, spec);
-    const auto host = makeHostView(page.contentWidth());
-    demo->setHostView(host);
-    page.addView(host);
-    addAlertDemo(page, demo);
-    page.setCloseAction([demo = demo.get()] { demo->putAway(); });
-}
+/// Shows the alert inside a view on the page instead of above everything.
+class HostViewDemo : public AlertDemo {
+public:
+    void buildPage() override {
+        m_hostView = makeHostView(page()->contentWidth());
+        page()->addView(m_hostView);
+        AlertDemo::buildPage();
+    }
+
+protected:
+    UIView* hostView() const override { return m_hostView; }
+
+private:
+    Ref<UIView> m_hostView;
+};
 
 } // namespace
 
@@ -108,7 +94,7 @@ std::vector<Page> alertButtonPages() {
              {"One moment", nullptr, nullptr, nullptr, ZRTAlertViewStyleRotation, "Looking for printers"})},
         {"alert-host-view", "In a view", kFamily, "Dims one view instead of the screen", "icon_alert_host_view.png",
          "Shown in a view that the caller names, the alert dims that view and leaves the rest of the screen in use.",
-         buildHostViewPage},
+         showsAlert<HostViewDemo>({"Reload map?", "Only this view waits for the answer.", "Later", "Reload"})},
     };
 }
 

@@ -15,12 +15,15 @@ public:
     ~ProgressDemo() override { stop(); }
 
 protected:
-    void alertIsShown(ZRTAlertView*) override {
+    void overlayIsShown() override {
         stop();
         m_percent = 0;
         m_timer = NSTimer::scheduledTimerWithTimeInterval_repeats_block(0.05, true, [this](NSTimer*) { step(); });
     }
-    void alertWillGo(ZRTAlertView*) override { stop(); }
+    void overlayWillGo() override {
+        AlertDemo::overlayWillGo();
+        stop();
+    }
 
 private:
     void step() {
@@ -48,8 +51,8 @@ protected:
         alert->setRotationImage(UIImage::imageNamed("gallery_spinner.png"));
         return alert;
     }
-    void alertIsShown(ZRTAlertView* alert) override { alert->startRotation(); }
-    void alertWillGo(ZRTAlertView* alert) override { alert->stopRotation(); }
+    void overlayIsShown() override { alert()->startRotation(); }
+    void overlayWillGo() override { alert()->stopRotation(); }
 };
 
 } // namespace

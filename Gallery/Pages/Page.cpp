@@ -7,8 +7,10 @@ namespace zr::gallery {
 const std::vector<Page>& allPages() {
     static const std::vector<Page> pages = [] {
         std::vector<Page> all;
-        for (const auto& pagesOfOneKind : {alertStylePages(), alertButtonPages(), alertTextPages(), hudIndicatorPages(),
-                                           hudTextPages(), hudBoxPages(), hudTimePages(), hudTaskPages(), themePages()})
+        for (const auto& pagesOfOneKind :
+             {alertStylePages(), alertButtonPages(), alertTextPages(), toastPages(), tipsPages(), hudIndicatorPages(),
+              hudTextPages(), hudBoxPages(), hudTimePages(), hudTaskPages(), buttonPages(), controlPages(),
+              imagePages(), animationPages(), themePages()})
             all.insert(all.end(), pagesOfOneKind.begin(), pagesOfOneKind.end());
         return all;
     }();

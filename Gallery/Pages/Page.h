@@ -39,11 +39,17 @@ const Page* pageNamed(std::string_view name);
 std::vector<Page> alertStylePages();
 std::vector<Page> alertButtonPages();
 std::vector<Page> alertTextPages();
+std::vector<Page> toastPages();
+std::vector<Page> tipsPages();
 std::vector<Page> hudIndicatorPages();
 std::vector<Page> hudTextPages();
 std::vector<Page> hudBoxPages();
 std::vector<Page> hudTimePages();
 std::vector<Page> hudTaskPages();
+std::vector<Page> buttonPages();
+std::vector<Page> controlPages();
+std::vector<Page> imagePages();
+std::vector<Page> animationPages();
 std::vector<Page> themePages();
 
 } // namespace zr::gallery

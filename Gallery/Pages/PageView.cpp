@@ -81,12 +81,7 @@ void PageView::addView(UIView* view) { place(view, view->frame().size.height, 20
 
 void PageView::addLog(const NSString& heading) {
     addHeading(heading);
-    const auto card = make<UIView>();
-    card->setBackgroundColor(UIColor::whiteColor());
-    card->layer()->setCornerRadius(6);
-    card->layer()->setBorderWidth(Look::hairline());
-    card->layer()->setBorderColor(Look::separatorColor()->cgColor());
-    card->setOpaque(false);
+    const auto card = Look::card(CGRectZero);
     m_logLabel = Look::label("", UIFont::systemFontOfSize(13), Look::detailColor(), 0);
     m_logLabel->setText("Nothing yet.");
     m_logLabel->setFrame(CGRectMake(12, 10, contentWidth() - 24, Look::heightOfLabel(m_logLabel, contentWidth())));

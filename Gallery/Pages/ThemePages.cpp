@@ -34,7 +34,7 @@ public:
         const CGRect place = CGRectMake(0, 0, frame.size.width, frame.size.height - kCaptionHeight);
         m_frame = make<UIView>(&UIView::initWithFrame, place);
         m_frame->setClipsToBounds(true);
-        m_frame->layer()->setCornerRadius(6);
+        m_frame->layer()->setCornerRadius(Look::kCornerRadius);
         m_frame->setUserInteractionEnabled(false);
         const auto screen = scaledView(screenSize, place);
         screen->setBackgroundColor(Look::backgroundColor(hue));
@@ -96,7 +96,7 @@ void addColorRow(UIView* card, CGFloat y, const char* name, UIColor* color) {
     const CGRect place = CGRectMake(0, 0, 44, 32);
     const auto swatch = make<UIView>(&UIView::initWithFrame, CGRectOffset(place, 12, y + (kRowHeight - 32) / 2));
     swatch->setClipsToBounds(true);
-    swatch->layer()->setCornerRadius(6);
+    swatch->layer()->setCornerRadius(Look::kCornerRadius);
     if (pattern) {
         const CGSize size = CGSizeMake(static_cast<CGFloat>(pattern->width()), static_cast<CGFloat>(pattern->height()));
         const auto whole = scaledView(size, place);
@@ -131,12 +131,7 @@ Ref<UIView> makePreviews(CGFloat width) {
 }
 
 Ref<UIView> makeColorCard(CGFloat width) {
-    auto card = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, width, 6 * kRowHeight));
-    card->setBackgroundColor(UIColor::whiteColor());
-    card->setOpaque(false);
-    card->layer()->setCornerRadius(6);
-    card->layer()->setBorderWidth(Look::hairline());
-    card->layer()->setBorderColor(Look::separatorColor()->cgColor());
+    auto card = Look::card(CGRectMake(0, 0, width, 6 * kRowHeight));
     CGFloat y = 0;
     for (const Look::Hue hue : Look::kHues) {
         addColorRow(card, y, Look::barColorName(hue), Look::barColor(hue));

@@ -55,8 +55,12 @@ UILabel* GalleryScreen::labelWithText(const std::string& text) const {
 void GalleryScreen::tapButton(const std::string& title) {
     const UILabel* label = labelWithText(title);
     ASSERT_TRUE(label) << title;
-    const CGRect bounds = label->bounds();
-    host.tap(label->convertPoint_toView({CGRectGetMidX(bounds), CGRectGetMidY(bounds)}, nullptr));
+    host.tap(middleOf(label));
+}
+
+CGPoint GalleryScreen::middleOf(const UIView* view) {
+    const CGRect bounds = view->bounds();
+    return view->convertPoint_toView({CGRectGetMidX(bounds), CGRectGetMidY(bounds)}, nullptr);
 }
 
 } // namespace zr::test

@@ -37,6 +37,8 @@ public:
 
     /// Touches the middle of the button with this title. A failure of the test when there is none.
     void tapButton(const std::string& title);
+    /// On the screen.
+    static CGPoint middleOf(const UIView* view);
     void tapBack() { host.tap({30, 42}); }
     /// Whether a label with this text is on the screen.
     bool shows(const std::string& text) const { return labelWithText(text) != nullptr; }

@@ -17,16 +17,67 @@ using ::testing::HasSubstr;
 
 namespace {
 
-const std::vector<std::string> kPages = {
-    "alert-default",   "alert-plain",      "alert-checkbox",     "alert-progress",    "alert-rotation",
-    "alert-textfield", "alert-secure",     "alert-one-button",   "alert-two-buttons", "alert-no-button",
-    "alert-host-view", "alert-long-latin", "alert-long-chinese", "alert-long-arabic", "alert-long-emoji",
-    "hud-spinner",     "hud-pie",          "hud-ring",           "hud-bar",           "hud-custom",
-    "hud-text",        "hud-label",        "hud-details",        "hud-long",          "hud-chinese",
-    "hud-emoji",       "hud-square",       "hud-min-size",       "hud-offsets",       "hud-color",
-    "hud-dim",         "hud-two",          "hud-rotation",       "hud-fade",          "hud-shrink",
-    "hud-grow",        "hud-grace",        "hud-min-show",       "hud-thread",        "hud-queue",
-    "theme-colors"};
+const std::vector<std::string> kPages = {"alert-default",
+                                         "alert-plain",
+                                         "alert-checkbox",
+                                         "alert-progress",
+                                         "alert-rotation",
+                                         "alert-textfield",
+                                         "alert-secure",
+                                         "alert-one-button",
+                                         "alert-two-buttons",
+                                         "alert-no-button",
+                                         "alert-host-view",
+                                         "alert-long-latin",
+                                         "alert-long-chinese",
+                                         "alert-long-arabic",
+                                         "alert-long-emoji",
+                                         "toast-still",
+                                         "toast-spinning",
+                                         "toast-no-icon",
+                                         "toast-no-text",
+                                         "toast-host-view",
+                                         "tips-image",
+                                         "tips-no-image",
+                                         "tips-no-title",
+                                         "tips-no-message",
+                                         "tips-long",
+                                         "tips-size",
+                                         "hud-spinner",
+                                         "hud-pie",
+                                         "hud-ring",
+                                         "hud-bar",
+                                         "hud-custom",
+                                         "hud-text",
+                                         "hud-label",
+                                         "hud-details",
+                                         "hud-long",
+                                         "hud-chinese",
+                                         "hud-emoji",
+                                         "hud-square",
+                                         "hud-min-size",
+                                         "hud-offsets",
+                                         "hud-color",
+                                         "hud-dim",
+                                         "hud-two",
+                                         "hud-rotation",
+                                         "hud-fade",
+                                         "hud-shrink",
+                                         "hud-grow",
+                                         "hud-grace",
+                                         "hud-min-show",
+                                         "hud-thread",
+                                         "hud-queue",
+                                         "button-light",
+                                         "button-color",
+                                         "switch",
+                                         "segments",
+                                         "image-size",
+                                         "image-gaussian",
+                                         "image-box",
+                                         "tilt",
+                                         "spin",
+                                         "theme-colors"};
 
 std::size_t lineCount(const std::string& text) { return static_cast<std::size_t>(std::ranges::count(text, '\n')); }
 
@@ -112,8 +163,8 @@ TEST(Gallery, RenderWritesThePagesTheListAndTheContactSheet) {
 
 TEST(Gallery, RenderingTwiceGivesTheSamePictures) {
     const TemporaryFolder folder;
-    for (const char* name :
-         {"alert-progress", "alert-rotation", "hud-spinner", "hud-shrink", "hud-grace", "hud-thread", "hud-queue"}) {
+    for (const char* name : {"alert-progress", "alert-rotation", "toast-spinning", "hud-spinner", "hud-shrink",
+                             "hud-grace", "hud-thread", "hud-queue"}) {
         ASSERT_EQ(runGallery({"--render", folder.path("a"), "--page", name}).exitCode, 0);
         ASSERT_EQ(runGallery({"--render", folder.path("b"), "--page", name}).exitCode, 0);
         const std::string first = folder.read(std::string("a/") + name + ".png");
@@ -163,11 +214,11 @@ TEST(Gallery, ATapOnARowSlidesItsPageInAndBackLeadsToTheList) {
 }
 
 TEST(Gallery, DraggingTheListOpensNothingAndBringsTheLastRowsUp) {
-    const auto texts = textsAfter("", "down 180 600\nmove 180 -2000 0.3\nup\nwait 0.5\n");
+    const auto texts = textsAfter("", "down 180 600\nmove 180 -4000 0.3\nup\nwait 0.5\n");
     EXPECT_FALSE(contains(texts, "Show alert"));
     // The last row now ends 32 points above the screen's bottom.
     EXPECT_TRUE(
-        contains(textsAfter("", "down 180 600\nmove 180 -2000 0.3\nup\ntap 180 607\nwait 0.5\n"), "THE SIX COLOURS"));
+        contains(textsAfter("", "down 180 600\nmove 180 -4000 0.3\nup\ntap 180 607\nwait 0.5\n"), "THE SIX COLOURS"));
 }
 
 TEST(Gallery, ATapOnAHueGivesItToTheBars) {

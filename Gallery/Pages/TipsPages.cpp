@@ -1,0 +1,95 @@
+#include <Gallery/Pages/OverlayDemo.h>
+#include <ZRKitDynamic/ZRColor/ZRColor.h>
+#include <ZRKitDynamic/ZRTAlertView/ZRTipsAlertView.h>
+
+namespace zr::gallery {
+
+namespace {
+
+constexpr const char* kFamily = "TIPS ALERTS";
+
+constexpr const char* kLongMessage =
+    "Every picture that you take is kept twice: on this phone, and in the safe at home, as soon as both are on the "
+    "same "
+    "network. Pictures that you delete here go to the album of deleted ones first, where they stay for thirty days. "
+    "After that they are gone, here and at home. If you would rather keep them for ever, say so in the settings of the "
+    "album. Albums that you share are counted for each of those who share them, so that a wedding with two hundred "
+    "guests does not fill the safe of the bride.";
+
+/// What a tips alert is made of. Null texts are nil: no label, no button.
+struct TipsSpec {
+    const char* title;
+    const char* message;
+    const char* cancel;
+    const char* ok;
+    /// Null for none.
+    const char* image = nullptr;
+};
+
+/// What an application does to a new alert before it shows it.
+using TipsSetup = std::function<void(ZRTipsAlertView* alert)>;
+
+class TipsDemo : public OverlayDemo {
+public:
+    virtual bool initWithPage_spec_setup(PageView* page, const TipsSpec& spec, TipsSetup setup) {
+        m_spec = spec;
+        m_setup = std::move(setup);
+        return initWithPage(page);
+    }
+
+protected:
+    const char* showTitle() const override { return "Show alert"; }
+    Ref<ZRBaseAlert> makeOverlay() override {
+        auto alert =
+            make<ZRTipsAlertView>(&ZRTipsAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
+                                  m_spec.title, m_spec.message, this, m_spec.cancel, m_spec.ok);
+        if (m_spec.image)
+            alert->setTipImage(UIImage::imageNamed(m_spec.image));
+        if (m_setup)
+            m_setup(alert);
+        return alert;
+    }
+
+private:
+    TipsSpec m_spec{};
+    TipsSetup m_setup;
+};
+
+std::function<void(PageView&)> showsTips(const TipsSpec& spec, const TipsSetup& setup = nullptr) {
+    return [spec, setup](PageView& page) {
+        addOverlayDemo(page, make<TipsDemo>(&TipsDemo::initWithPage_spec_setup, &page, spec, setup));
+    };
+}
+
+} // namespace
+
+std::vector<Page> tipsPages() {
+    return {
+        {"tips-image", "With image", kFamily, "A picture and a title on a band", "icon_tips_image.png",
+         "A coloured band holds a picture and a bold title; the message stands below it. The panel grows with what it "
+         "holds.",
+         showsTips({"Did you know?", "A long press opens an album.", "Close", "Next tip", "gallery_tip.png"})},
+        {"tips-no-image", "Without image", kFamily, "A band in another colour", "icon_tips_no_image.png",
+         "Without a picture the band holds the title alone. It takes any colour.",
+         showsTips({"Storage almost full", "Less than one gigabyte is left on this phone.", "Later", "Tidy up"},
+                   [](ZRTipsAlertView* alert) {
+                       alert->setTipBackgroundColor(ZRColor::zrColorWithRed_green_blue_alpha(253, 131, 0, 1));
+                   })},
+        {"tips-no-title", "Without title", kFamily, "No band, only the message", "icon_tips_no_title.png",
+         "Without a title there is no band, and the message begins at the top.",
+         showsTips({nullptr, "Pictures are sent as soon as there is a network.", nullptr, "OK"})},
+        {"tips-no-message", "Without message", kFamily, "Picture and title say it all", "icon_tips_no_message.png",
+         "Without a message the buttons follow the band.",
+         showsTips({"Welcome back", nullptr, "Close", "Start", "gallery_tip.png"})},
+        {"tips-long", "Long text", kFamily, "Cut to what the default size gives it", "icon_tips_long.png",
+         "A text that would fill the screen gets 70 points in a panel of the default size, and ends with an ellipsis.",
+         showsTips({"How your pictures are kept", kLongMessage, "Close", "More", "gallery_tip.png"})},
+        {"tips-size", "Own size", kFamily, "Room for a long text", "icon_tips_size.png",
+         "An application that sets the size decides how much of a long text there is room for; the panel then keeps "
+         "that height.",
+         showsTips({"How your pictures are kept", kLongMessage, "Close", "More", "gallery_tip.png"},
+                   [](ZRTipsAlertView* alert) { alert->setAlertViewSize(CGSizeMake(290, 480)); })},
+    };
+}
+
+} // namespace zr::gallery
