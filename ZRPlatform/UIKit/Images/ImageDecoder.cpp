@@ -64,7 +64,12 @@ bool isCompleteJPEG(Bytes bytes) {
     return false;
 }
 
-bool isCompleteWebP(Bytes bytes) { return bytes.size() >= 12 && littleEndian32(bytes, 4) <= bytes.size() - 8; }
+/// Its loader takes the memory for the picture before it tells the size, so that is looked at here too.
+bool isSoundWebP(Bytes bytes) {
+    const bool isComplete = bytes.size() >= 12 && littleEndian32(bytes, 4) <= bytes.size() - 8;
+    const PixelSize size = sizeInWebP(bytes);
+    return isComplete && imageSizeIsAllowed(size.width, size.height);
+}
 
 /// This one reports a missing end itself.
 bool loaderKnows(Bytes) { return true; }
@@ -75,7 +80,8 @@ struct Format {
     std::string_view signature;
     std::size_t offset;
     const char* loader;
-    bool (*isComplete)(Bytes);
+    /// Whether the loader may be given it.
+    bool (*isSound)(Bytes);
     /// Where the loader does not tell it. Null where it does.
     int (*orientation)(Bytes);
     /// Whether the loader tells of the rows as they come, so that those that never came can be told from black ones.
@@ -87,14 +93,14 @@ constexpr Format kFormats[] = {
     {"\xFF\xD8\xFF", 0, "jpeg", isCompleteJPEG, nullptr},
     {"GIF87a", 0, "gif", loaderKnows, alwaysUpright},
     {"GIF89a", 0, "gif", loaderKnows, alwaysUpright},
-    {"WEBP", 8, "webp", isCompleteWebP, orientationInWebP},
+    {"WEBP", 8, "webp", isSoundWebP, orientationInWebP},
 };
 
 const Format* formatOf(Bytes bytes) {
     const auto* format = std::find_if(std::begin(kFormats), std::end(kFormats), [&](const Format& candidate) {
         return startsWith(bytes, candidate.signature, candidate.offset);
     });
-    return format != std::end(kFormats) && format->isComplete(bytes) ? format : nullptr;
+    return format != std::end(kFormats) && format->isSound(bytes) ? format : nullptr;
 }
 
 /// What the header said.

@@ -1,5 +1,7 @@
 #include <ZRPlatform/UIKit/Images/Internal/ImageMetadata.h>
 
+#include <functional>
+
 namespace zr {
 
 namespace {
@@ -65,17 +67,55 @@ int orientationInPNG(FileBytes bytes) {
     return kUpright;
 }
 
-int orientationInWebP(FileBytes bytes) {
-    constexpr std::size_t kFirstChunk = 12, kTypeAndLength = 8;
+namespace {
+
+/// Calls `visit` with the type and the content of each chunk of a WebP file, until one is cut short or it says stop.
+void visitChunks(FileBytes bytes, const std::function<bool(std::string_view type, FileBytes content)>& visit) {
+    constexpr std::size_t kFirstChunk = 12, kType = 4, kTypeAndLength = 8;
     for (std::size_t at = kFirstChunk; at <= bytes.size() && bytes.size() - at >= kTypeAndLength;) {
-        const std::size_t length = littleEndian32(bytes, at + 4);
+        const std::size_t length = littleEndian32(bytes, at + kType);
         if (length > bytes.size() - at - kTypeAndLength)
-            break;
-        if (startsWith(bytes, "EXIF", at))
-            return orientationIn(bytes.subspan(at + kTypeAndLength, length));
+            return;
+        const std::string_view type(reinterpret_cast<const char*>(bytes.data()) + at, kType);
+        if (!visit(type, bytes.subspan(at + kTypeAndLength, length)))
+            return;
         at += kTypeAndLength + length + length % 2;
     }
-    return kUpright;
+}
+
+/// Of the canvas, or of a picture with losses or without; zero for other chunks.
+PixelSize sizeInChunk(std::string_view type, FileBytes content) {
+    constexpr std::uint32_t kSide24 = 0xFFFFFF, kSide14 = 0x3FFF;
+    if (type == "VP8X" && content.size() >= 10)
+        return {(littleEndian32(content, 4) & kSide24) + 1, (littleEndian32(content, 6) >> 8) + 1};
+    if (type == "VP8 " && content.size() >= 10)
+        return {littleEndian32(content, 6) & kSide14, littleEndian32(content, 6) >> 16 & kSide14};
+    if (type == "VP8L" && content.size() >= 5)
+        return {(littleEndian32(content, 1) & kSide14) + 1, (littleEndian32(content, 1) >> 14 & kSide14) + 1};
+    return {};
+}
+
+} // namespace
+
+int orientationInWebP(FileBytes bytes) {
+    int orientation = kUpright;
+    visitChunks(bytes, [&](std::string_view type, FileBytes content) {
+        if (type != "EXIF")
+            return true;
+        orientation = orientationIn(content);
+        return false;
+    });
+    return orientation;
+}
+
+PixelSize sizeInWebP(FileBytes bytes) {
+    PixelSize largest;
+    visitChunks(bytes, [&](std::string_view type, FileBytes content) {
+        const PixelSize size = sizeInChunk(type, content);
+        largest = {std::max(largest.width, size.width), std::max(largest.height, size.height)};
+        return true;
+    });
+    return largest;
 }
 
 } // namespace zr

@@ -1,5 +1,7 @@
 #include <Tests/ZRPlatform/UIKit/Images/ImageTesting.h>
 
+#include <ZRPlatform/UIKit/Images/Internal/ImageMetadata.h>
+
 namespace zr::tests {
 
 namespace {
@@ -114,6 +116,62 @@ TEST(ImageMetadata, WhatMakesNoSenseIsUpright) {
             EXPECT_EQ(orientationOf(file(Bytes(whole.begin(), whole.begin() + length))), UIImageOrientationUp);
         }
     }
+}
+
+// Sizes
+
+namespace {
+
+/// A file of one chunk.
+Bytes webPOfChunk(const char* type, const Bytes& content) {
+    Bytes file = bytesOf("RIFF");
+    appendLittle(file, 12 + content.size(), 4);
+    for (const std::uint8_t byte : bytesOf(std::string("WEBP") + type))
+        file.push_back(byte);
+    appendLittle(file, content.size(), 4);
+    file.insert(file.end(), content.begin(), content.end());
+    return file;
+}
+
+std::pair<std::uint32_t, std::uint32_t> sizeOf(const Bytes& file) {
+    const PixelSize size = sizeInWebP(file);
+    return {size.width, size.height};
+}
+
+} // namespace
+
+TEST(ImageMetadata, EachKindOfWebPStatesItsSize) {
+    using Size = std::pair<std::uint32_t, std::uint32_t>;
+    EXPECT_EQ(sizeOf(testFile("quarters.webp")), Size(64, 32));
+    EXPECT_EQ(sizeOf(webPOfChunk("VP8X", {0, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0x04, 0x03, 0x02})), Size(1 << 24, 0x020305));
+    EXPECT_EQ(sizeOf(webPOfChunk("VP8 ", {0, 0, 0, 0x9D, 0x01, 0x2A, 0xFF, 0xFF, 0x03, 0x42})), Size(0x3FFF, 0x0203));
+    EXPECT_EQ(sizeOf(webPOfChunk("VP8L", {0x2F, 0xFF, 0xFF, 0x03, 0x10})), Size(0x4000, 16));
+}
+
+TEST(ImageMetadata, OfTheSizesInAWebPTheLargestCounts) {
+    Bytes file = webPWith(littleMetadata(1));
+    constexpr std::size_t kCanvasWidth = 24, kPictureHeight = 12 + 18 + 8 + 8;
+    file[kCanvasWidth + 1] = 1;
+    file[kPictureHeight + 1] = 2;
+    EXPECT_EQ(sizeOf(file), std::make_pair(64u + 256, 32u + 512));
+}
+
+TEST(ImageMetadata, WebPChunksThatAreCutShortStateNothing) {
+    using Size = std::pair<std::uint32_t, std::uint32_t>;
+    EXPECT_EQ(sizeOf({}), Size(0, 0));
+    EXPECT_EQ(sizeOf(webPOfChunk("VP8X", Bytes(9, 1))), Size(0, 0));
+    EXPECT_EQ(sizeOf(webPOfChunk("VP8 ", Bytes(9, 1))), Size(0, 0));
+    EXPECT_EQ(sizeOf(webPOfChunk("VP8L", Bytes(4, 1))), Size(0, 0));
+    Bytes beyondTheEnd = webPOfChunk("VP8X", Bytes(10, 1));
+    beyondTheEnd[16] = 11;
+    EXPECT_EQ(sizeOf(beyondTheEnd), Size(0, 0));
+}
+
+TEST(ImageMetadata, AWebPWhoseCanvasIsTooLargeIsRefused) {
+    Bytes file = webPWith(littleMetadata(1));
+    ASSERT_TRUE(UIImage::imageWithData(file));
+    file[26] = 1;
+    EXPECT_FALSE(UIImage::imageWithData(file));
 }
 
 } // namespace zr::tests

@@ -10,4 +10,12 @@ int orientationInPNG(FileBytes bytes);
 int orientationInWebP(FileBytes bytes);
 /// @}
 
+struct PixelSize {
+    std::uint32_t width = 0;
+    std::uint32_t height = 0;
+};
+
+/// The most that a WebP file states for its canvas and its picture; zero when it states nothing.
+PixelSize sizeInWebP(FileBytes bytes);
+
 } // namespace zr
