@@ -15,6 +15,8 @@ namespace {
 constexpr const char* kEllipsis = "\xE2\x80\xA6";
 /// A line may stick out of the room by less than any screen shows.
 constexpr CGFloat kTolerance = 1.0 / 64;
+/// Bytes of a line; more than the widest screen shows in the smallest font.
+constexpr std::size_t kLongestLine = 16 * 1024;
 
 FontFace faceOf(const UIFont& font) { return {font.familyName(), font.weight(), font.isItalic()}; }
 
@@ -72,6 +74,17 @@ void narrowEllipsis(PangoLayoutLine* line) {
 
 /// A line stays as high as its font's lines for what reaches beyond it by next to nothing, as most emoji do.
 CGFloat grownTo(CGFloat reach, CGFloat own, CGFloat pointSize) { return reach > own + pointSize / 32 ? reach : own; }
+
+/// Cuts off what could not be seen, as shaping it would take long. Whether there was such.
+bool cutLongLine(std::string& line) {
+    if (line.size() <= kLongestLine)
+        return false;
+    std::size_t end = kLongestLine;
+    while (end > 0 && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80)
+        --end; // within a character
+    line.resize(end);
+    return true;
+}
 
 bool readsRightToLeft(PangoLayoutLine* line) {
     return pango_layout_line_get_resolved_direction(line) == PANGO_DIRECTION_RTL;
@@ -204,10 +217,12 @@ void PangoTextLayout::layOutLines(const TextRequest& request) {
 void PangoTextLayout::layOutLastLine(const TextRequest& request, std::size_t start) {
     std::string text = m_indices.text().substr(start);
     const std::size_t lineBreak = text.find_first_of("\r\n");
-    const bool hasMoreLines = lineBreak != std::string::npos;
+    bool hasMore = lineBreak != std::string::npos;
     if (request.lineBreakMode == NSLineBreakByTruncatingTail || request.lineBreakMode == NSLineBreakByClipping) {
         text.resize(std::min(lineBreak, text.size()));
-        if (hasMoreLines && request.lineBreakMode == NSLineBreakByTruncatingTail)
+        if (std::isfinite(request.width))
+            hasMore = cutLongLine(text) || hasMore;
+        if (hasMore && request.lineBreakMode == NSLineBreakByTruncatingTail)
             text += kEllipsis;
     } else {
         std::replace_if(
@@ -224,7 +239,7 @@ void PangoTextLayout::layOutLastLine(const TextRequest& request, std::size_t sta
     addLine(request, line, start);
     if (request.lineBreakMode != NSLineBreakByClipping)
         m_lines.back().range.length = m_indices.length() - m_lines.back().range.location;
-    m_truncated = m_truncated || hasMoreLines || pango_layout_is_ellipsized(layout) ||
+    m_truncated = m_truncated || hasMore || pango_layout_is_ellipsized(layout) ||
                   m_lines.back().width > request.width + kTolerance;
 }
 

@@ -71,7 +71,7 @@ public:
     virtual ~TextLayout() = default;
 
     /// The widest line's width and the sum of the lines' heights, not rounded. May be wider than the room where the
-    /// text is clipped.
+    /// text is clipped; what lies kilobytes beyond the room's edge is then not counted.
     CGSize size() const { return m_size; }
     const std::vector<TextLine>& lines() const { return m_lines; }
     /// Whether part of the text is not shown, or is clipped.

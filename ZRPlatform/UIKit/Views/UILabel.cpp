@@ -15,8 +15,8 @@ namespace {
 constexpr CGFloat kSmallestFontSize = 1;
 constexpr CGFloat kDisabledAlpha = 0.5;
 
-TextRequest oneLineRequest(const NSString& text, UIFont* font) {
-    TextRequest request{text, font};
+TextRequest oneLineRequest(const NSString& text, UIFont* font, CGFloat width) {
+    TextRequest request{text, font, width};
     request.lineLimit = 1;
     request.lineBreakMode = NSLineBreakByClipping;
     return request;
@@ -120,7 +120,7 @@ CGRect UILabel::textRectForBounds_limitedToNumberOfLines(CGRect bounds, NSIntege
 Ref<UIFont> UILabel::fontFittingWidth(CGFloat width) const {
     if (!m_adjustsFontSizeToFitWidth || m_numberOfLines != 1)
         return m_font;
-    const CGFloat natural = TextEngine::current().layout(oneLineRequest(m_text, m_font))->size().width;
+    const CGFloat natural = TextEngine::current().layout(oneLineRequest(m_text, m_font, width))->size().width;
     if (natural <= width)
         return m_font;
     const CGFloat smallest =
@@ -145,7 +145,7 @@ void UILabel::drawTextInRect(CGRect rect) {
         return;
     CGPoint origin{rect.origin.x, rect.origin.y + (rect.size.height - layout->size().height) / 2};
     if (font->pointSize() < m_font->pointSize()) {
-        const auto full = TextEngine::current().layout(oneLineRequest(m_text, m_font));
+        const auto full = TextEngine::current().layout(oneLineRequest(m_text, m_font, rect.size.width));
         origin.y = rect.origin.y + shrunkTop(*layout, *full, rect.size.height, m_baselineAdjustment);
     }
     CGContextSaveGState(context);

@@ -76,6 +76,26 @@ TEST(TextLayout, ALineLimitTruncatesTheLastLine) {
     EXPECT_LE(layout->lines()[1].width, request.width);
 }
 
+TEST(TextLayout, OfALineFarLongerThanTheRoomOnlyTheBeginningIsShaped) {
+    // The cut comes in the middle of a character of three bytes.
+    std::string text = "ab";
+    while (text.size() < 1 << 20)
+        text += "删";
+    TextRequest request{text, font17(), 1000};
+    request.lineLimit = 1;
+    request.lineBreakMode = NSLineBreakByClipping;
+    const Layout clipped = layOut(request);
+    EXPECT_TRUE(clipped->isTruncated());
+    EXPECT_GT(clipped->size().width, 5000 * 17);
+    EXPECT_LT(clipped->size().width, 6000 * 17);
+    request.lineBreakMode = NSLineBreakByTruncatingTail;
+    const Layout truncated = layOut(request);
+    EXPECT_TRUE(truncated->isTruncated());
+    EXPECT_EQ(truncated->lines().front().range, NSMakeRange(0, request.text.length()));
+    EXPECT_LE(truncated->size().width, 1000);
+    EXPECT_GT(truncated->size().width, 950);
+}
+
 TEST(TextLayout, ALineLimitLargerThanTheTextChangesNothing) {
     TextRequest request{"alpha beta gamma", font17(), 60};
     const Layout all = layOut(request);
