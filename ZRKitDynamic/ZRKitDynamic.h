@@ -9,6 +9,7 @@
 #include <ZRKitDynamic/ZRColor/ZRColorInstance.h>
 #include <ZRKitDynamic/ZRControl/ZRSegmentedControl.h>
 #include <ZRKitDynamic/ZRControl/ZRSwitch.h>
+#include <ZRKitDynamic/ZRGesture/ZRSwipeGesture.h>
 #include <ZRKitDynamic/ZRImage/UIImage+Help.h>
 #include <ZRKitDynamic/ZRImage/ZRImage.h>
 #include <ZRKitDynamic/ZRLabel/ZRLabel.h>
@@ -23,4 +24,5 @@
 #include <ZRKitDynamic/ZRTAlertView/ZRToastView.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBar.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBarDelegate.h>
+#include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
 #include <ZRKitDynamic/ZRView/ZRShadowAnimationView.h>

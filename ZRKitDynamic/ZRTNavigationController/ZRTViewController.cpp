@@ -1,0 +1,111 @@
+#include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
+
+#include <ZRKitDynamic/SystemVersionInternal.h>
+#include <ZRKitDynamic/ZRColor/ZRColor.h>
+#include <ZRPlatform/UIKit/Application/UIScreen.h>
+#include <ZRPlatform/UIKit/Controllers/UINavigationController.h>
+
+namespace zr {
+
+namespace {
+
+constexpr CGFloat kBarHeight = 44;
+constexpr CGFloat kBarHeightBelowStatusBar = 64;
+
+CGRect barFrame() {
+    return CGRectMake(0, 0, UIScreen::mainScreen()->bounds().size.width,
+                      systemVersionSortsFrom7() ? kBarHeightBelowStatusBar : kBarHeight);
+}
+
+} // namespace
+
+// Construction
+
+bool ZRTViewController::init() {
+    if (!UIViewController::init())
+        return false;
+    createNavigationBarIfNeed();
+    return true;
+}
+
+bool ZRTViewController::initWithNibName_bundle(const NSString& nibName, NSBundle* bundle) {
+    if (!UIViewController::initWithNibName_bundle(nibName, bundle))
+        return false;
+    createNavigationBarIfNeed();
+    return true;
+}
+
+void ZRTViewController::createNavigationBarIfNeed() {
+    if (navigationController() && !m_tNavigationBar) {
+        setTNavigationBar(make<ZRTNavigationBar>(&UIView::initWithFrame, barFrame()));
+        m_tNavigationBar->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+        m_tNavigationBar->setDelegate(this);
+        m_tNavigationBar->setNavTitle(title());
+        view()->addSubview(m_tNavigationBar);
+        view()->bringSubviewToFront(m_tNavigationBar);
+    }
+    if (m_tNavigationBar)
+        m_tNavigationBar->setFrame(barFrame());
+    hiddenNavigationBar();
+}
+
+// Bar
+
+void ZRTViewController::hiddenNavigationBar() {
+    UINavigationController* navigation = navigationController();
+    if (!navigation)
+        return;
+    navigation->setNavigationBarHidden(false);
+    navigation->navigationBar()->setHidden(true);
+}
+
+void ZRTViewController::hiddenNavigationBarWithAnimated(bool animated) {
+    if (m_tNavigationBar)
+        m_tNavigationBar->hiddenNavigationBarWithAnimated(animated);
+}
+
+void ZRTViewController::showNavigationBarWithAnimated(bool animated) {
+    if (m_tNavigationBar)
+        m_tNavigationBar->showNavigationBarWithAnimated(animated);
+}
+
+CGFloat ZRTViewController::navigationBarMaxY() const {
+    return m_tNavigationBar ? CGRectGetMaxY(m_tNavigationBar->frame()) : 0;
+}
+
+void ZRTViewController::setTitle(const NSString& title) {
+    UIViewController::setTitle(title);
+    if (m_tNavigationBar)
+        m_tNavigationBar->setNavTitle(title);
+}
+
+// Leaving
+
+void ZRTViewController::popViewControllerWithAnimated(bool animated) {
+    UINavigationController* navigation = navigationController();
+    if (navigation && navigation->childViewControllers().size() >= 2)
+        navigation->popViewControllerAnimated(animated);
+    else
+        dismissViewControllerAnimated_completion(true, [] {});
+}
+
+void ZRTViewController::zrTNavigationBar_backButtonClicked(ZRTNavigationBar*, UIButton*) {
+    popViewControllerWithAnimated(true);
+}
+
+// Appearing
+
+void ZRTViewController::viewDidLoad() {
+    UIViewController::viewDidLoad();
+    view()->setBackgroundColor(ZRColor::zrColorWithRed_green_blue_alpha(248, 248, 248, 1));
+    createNavigationBarIfNeed();
+}
+
+void ZRTViewController::viewWillAppear(bool animated) {
+    UIViewController::viewWillAppear(animated);
+    hiddenNavigationBar();
+    if (m_tNavigationBar)
+        view()->bringSubviewToFront(m_tNavigationBar);
+}
+
+} // namespace zr

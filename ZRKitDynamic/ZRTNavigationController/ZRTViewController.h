@@ -1,0 +1,55 @@
+#pragma once
+
+#include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBar.h>
+#include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBarDelegate.h>
+#include <ZRPlatform/UIKit/Controllers/UIViewController.h>
+
+namespace zr {
+
+/// A screen with the kit's navigation bar in place of the one of the navigation controller that it is in.
+///
+/// The bar is made when the view loads inside a navigation controller; a screen that is outside of one then, or whose
+/// view was loaded before it was pushed, has none. It lies above the screen's other views whenever the screen appears,
+/// and a screen places its content below `navigationBarMaxY`. The navigation controller's own bar keeps its place in
+/// the layout, but its view is hidden. Main thread only.
+class ZRTViewController : public UIViewController, public ZRTNavigationBarDelegate {
+public:
+    bool init() override;
+    bool initWithNibName_bundle(const NSString& nibName, NSBundle* bundle) override;
+
+    /// @name Bar
+    /// @{
+    /// Nil until the screen has one; kept.
+    ZRTNavigationBar* tNavigationBar() const { return m_tNavigationBar; }
+    virtual void setTNavigationBar(ZRTNavigationBar* bar) { m_tNavigationBar = bar; }
+    /// Makes the bar when there is a navigation controller and no bar yet, with the screen's title and the screen as
+    /// its delegate, and adds it to the view. Then makes it, new or not, as wide as the screen and 64 points high (44
+    /// on systems whose version sorts before "7.0" as text: 10.3 is one), and hides the navigation controller's bar.
+    virtual void createNavigationBarIfNeed();
+    /// The navigation controller counts its own bar as shown, but hides the bar's view.
+    virtual void hiddenNavigationBar();
+    /// Fades the bar out or in within 0.5 s, or at once.
+    virtual void hiddenNavigationBarWithAnimated(bool animated);
+    virtual void showNavigationBarWithAnimated(bool animated);
+    /// The bar's bottom edge in points of the view; 0 without a bar.
+    virtual CGFloat navigationBarMaxY() const;
+    /// @}
+
+    /// Also the bar's title.
+    void setTitle(const NSString& title) override;
+    /// Pops the top screen where there are two or more; else dismisses what presents the screen. A dismissal is
+    /// animated whatever `animated` says.
+    virtual void popViewControllerWithAnimated(bool animated);
+    /// Pops, animated.
+    void zrTNavigationBar_backButtonClicked(ZRTNavigationBar* bar, UIButton* button) override;
+
+    /// Gives the view a very light grey ground, and the screen its bar.
+    void viewDidLoad() override;
+    /// Hides the navigation controller's bar again, and brings the kit's to the front.
+    void viewWillAppear(bool animated) override;
+
+private:
+    Ref<ZRTNavigationBar> m_tNavigationBar;
+};
+
+} // namespace zr
