@@ -1,5 +1,6 @@
 #include <Gallery/GalleryApplication.h>
 
+#include <Gallery/List/ListScreen.h>
 #include <ZRPlatform/UIKit/Application/UIScreen.h>
 
 namespace zr::gallery {
@@ -11,19 +12,21 @@ bool GalleryApplication::initWithPage(const Page* page) {
 
 bool GalleryApplication::applicationDidFinishLaunching(UIApplication*) {
     m_window = make<UIWindow>(&UIWindow::initWithFrame, UIScreen::mainScreen()->bounds());
-    m_gallery = make<GalleryView>(&GalleryView::initWithFrame, m_window->bounds());
-    m_window->addSubview(m_gallery);
+    const auto list = make<ListScreen>(&Screen::initWithTitle, "Gallery");
+    m_navigation = make<UINavigationController>(&UINavigationController::initWithRootViewController, list);
+    m_window->setRootViewController(m_navigation);
     m_window->makeKeyAndVisible();
     if (m_page) {
-        m_gallery->openPage_animated(*m_page, false);
-        m_gallery->openedPage()->showComponent();
+        const auto screen = make<PageScreen>(&PageScreen::initWithPage, *m_page);
+        m_navigation->pushViewController_animated(screen, false);
+        screen->pageView()->showComponent();
     }
     return true;
 }
 
 void GalleryApplication::applicationWillTerminate(UIApplication*) {
-    if (PageView* page = m_gallery ? m_gallery->openedPage() : nullptr)
-        page->close();
+    if (m_navigation)
+        m_navigation->popToRootViewControllerAnimated(false);
 }
 
 } // namespace zr::gallery

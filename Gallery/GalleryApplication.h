@@ -1,11 +1,12 @@
 #pragma once
 
-#include <Gallery/GalleryView.h>
+#include <Gallery/Pages/PageScreen.h>
 #include <ZRPlatform/UIKit/Application/UIApplication.h>
+#include <ZRPlatform/UIKit/Controllers/UINavigationController.h>
 
 namespace zr::gallery {
 
-/// The gallery as an application: one window as large as the screen.
+/// The gallery as an application: a window with a navigation controller, at whose root is the list.
 class GalleryApplication : public UIApplicationDelegate {
 public:
     /// `page`: opened at once, with its component shown; null starts with the list.
@@ -18,7 +19,7 @@ public:
 private:
     const Page* m_page = nullptr;
     Ref<UIWindow> m_window;
-    Ref<GalleryView> m_gallery;
+    Ref<UINavigationController> m_navigation;
 };
 
 } // namespace zr::gallery

@@ -1,9 +1,13 @@
 #include <Gallery/CommandLine.h>
 #include <Gallery/GalleryApplication.h>
 #include <Gallery/Headless.h>
+#include <Gallery/Settings/SettingsScreen.h>
 #include <ZRPlatform/Hosts/Window/RunInWindow.h>
 
 #include <cstdio>
+#include <string>
+#include <unistd.h>
+#include <vector>
 
 using namespace zr;
 using namespace zr::gallery;
@@ -16,17 +20,42 @@ int listPages() {
     return 0;
 }
 
+/// The arguments that open the gallery on another device.
+std::vector<std::string> argumentsFor(const DeviceProfile& profile) {
+    char device[64];
+    std::snprintf(device, sizeof device, "%gx%g@%g", profile.screenSize.width, profile.screenSize.height,
+                  profile.scale);
+    return {"zr_gallery", "--device", device, "--system-version", profile.systemVersion.UTF8String()};
+}
+
+/// Starts the program anew in the place of this one, as a device is chosen at the start of a program.
+int reopen(const DeviceProfile& profile) {
+    std::vector<std::string> arguments = argumentsFor(profile);
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments)
+        pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    execv("/proc/self/exe", pointers.data());
+    return fail("the gallery cannot be opened anew");
+}
+
 int openWindow(const CommandLine& options) {
     WindowOptions windowOptions;
     windowOptions.profile = options.profile;
     windowOptions.title = "Gallery";
     windowOptions.windowScale = options.windowScale;
     windowOptions.frameLog = options.frameLog;
-    return runInWindow(windowOptions, [&](UIApplication* application) {
+    std::optional<DeviceProfile> chosen;
+    const int status = runInWindow(windowOptions, [&](UIApplication* application) {
         const auto gallery = make<GalleryApplication>(&GalleryApplication::initWithPage, options.page);
         application->setDelegate(gallery);
+        SettingsScreen::setReopenAction([&chosen, application](const DeviceProfile& profile) {
+            chosen = profile;
+            application->host()->close();
+        });
         return gallery->applicationDidFinishLaunching(application);
     });
+    return chosen ? reopen(*chosen) : status;
 }
 
 } // namespace

@@ -21,5 +21,6 @@ std::span<const Icon> overlayIcons();
 std::span<const Icon> hudIcons();
 std::span<const Icon> controlIcons();
 std::span<const Icon> imageIcons();
+std::span<const Icon> screenIcons();
 
 } // namespace zr::icons

@@ -7,6 +7,7 @@ namespace zr::gallery {
 
 namespace {
 
+constexpr CGFloat kHeight = 56;
 constexpr CGFloat kTextLeft = 57;
 constexpr CGFloat kTextRight = 34;
 
@@ -14,18 +15,16 @@ constexpr CGFloat kTextRight = 34;
 Ref<UIImageView> imageAt(CGFloat x, const char* name) {
     auto view = make<UIImageView>(&UIImageView::initWithImage, UIImage::imageNamed(name));
     const CGSize size = view->frame().size;
-    view->setFrame(CGRectMake(x, Look::wholePixels((PageRow::kHeight - size.height) / 2), size.width, size.height));
+    view->setFrame(CGRectMake(x, Look::wholePixels((kHeight - size.height) / 2), size.width, size.height));
     return view;
 }
 
 } // namespace
 
-bool PageRow::initWithFrame_page_isLast(CGRect frame, const Page& page, bool isLast) {
-    if (!initWithFrame(frame))
+bool PageRow::initWithPage_isLast(const Page& page, bool isLast) {
+    if (!initWithHeight_textLeft_isLast(kHeight, kTextLeft, isLast))
         return false;
-    setBackgroundColor(UIColor::whiteColor());
-    setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
-    const CGFloat width = frame.size.width;
+    const CGFloat width = bounds().size.width;
     addSubview(imageAt(Look::kMargin, page.icon));
     const auto disclosure = imageAt(width - Look::kMargin - 8, "gallery_disclosure.png");
     disclosure->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin);
@@ -40,17 +39,7 @@ bool PageRow::initWithFrame_page_isLast(CGRect frame, const Page& page, bool isL
     detail->setFrame(CGRectMake(kTextLeft, 30, textWidth, 18));
     detail->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     addSubview(detail);
-
-    const CGFloat left = isLast ? 0 : kTextLeft;
-    const auto line = Look::line(CGRectMake(left, kHeight - Look::hairline(), width - left, Look::hairline()));
-    line->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
-    addSubview(line);
     return true;
-}
-
-void PageRow::setHighlighted(bool highlighted) {
-    TapControl::setHighlighted(highlighted);
-    setBackgroundColor(highlighted ? Look::highlightColor() : UIColor::whiteColor());
 }
 
 } // namespace zr::gallery

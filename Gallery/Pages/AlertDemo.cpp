@@ -1,5 +1,6 @@
 #include <Gallery/Pages/AlertDemo.h>
 
+#include <Gallery/Settings/SampleText.h>
 #include <ZRPlatform/UIKit/Controls/UITextField.h>
 
 namespace zr::gallery {
@@ -11,8 +12,9 @@ bool AlertDemo::initWithPage_spec(PageView* page, const AlertSpec& spec) {
 
 Ref<ZRTAlertView> AlertDemo::makeAlert() {
     auto alert = make<ZRTAlertView>(&ZRTAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
-                                    m_spec.title, m_spec.message, this, m_spec.cancel, m_spec.ok);
-    alert->alertViewStyle_detailMessage(m_spec.style, m_spec.detailMessage);
+                                    SampleText::translated(m_spec.title), SampleText::translated(m_spec.message), this,
+                                    SampleText::translated(m_spec.cancel), SampleText::translated(m_spec.ok));
+    alert->alertViewStyle_detailMessage(m_spec.style, SampleText::translated(m_spec.detailMessage));
     return alert;
 }
 

@@ -50,6 +50,8 @@ std::vector<Page> buttonPages();
 std::vector<Page> controlPages();
 std::vector<Page> imagePages();
 std::vector<Page> animationPages();
+std::vector<Page> barPages();
+std::vector<Page> screenPages();
 std::vector<Page> themePages();
 
 } // namespace zr::gallery

@@ -16,25 +16,20 @@ constexpr std::size_t kLogLineCount = 4;
 
 } // namespace
 
-bool PageView::initWithFrame_page(CGRect frame, const Page& page) {
+bool PageView::initWithFrame_screen(CGRect frame, ZRTViewController* screen) {
     if (!initWithFrame(frame))
         return false;
-    setBackgroundColor(Look::pageColor());
-    const CGFloat width = frame.size.width;
-    const CGRect below = CGRectMake(0, Look::kBarHeight, width, frame.size.height - Look::kBarHeight);
-    m_scrollBox = make<ScrollBox>(&ScrollBox::initWithFrame, below);
+    m_screen = screen;
+    m_scrollBox = make<ScrollBox>(&ScrollBox::initWithFrame, bounds());
     addSubview(m_scrollBox);
-    m_bar =
-        make<NavigationBar>(&NavigationBar::initWithFrame_title, CGRectMake(0, 0, width, Look::kBarHeight), page.title);
-    addSubview(m_bar);
-
     m_nextY = 20;
-    addText(page.description);
-    page.build(*this);
     return true;
 }
 
-void PageView::setBackAction(std::function<void()> action) { m_bar->setBackTitle_action("Gallery", std::move(action)); }
+void PageView::build(const Page& page) {
+    addText(page.description);
+    page.build(*this);
+}
 
 void PageView::showComponent() {
     if (m_showAction)

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <Gallery/Look/NavigationBar.h>
 #include <Gallery/Look/ScrollBox.h>
 #include <Gallery/Pages/Page.h>
+#include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
 #include <ZRPlatform/UIKit/Views/UILabel.h>
 
 namespace zr::gallery {
@@ -12,14 +12,15 @@ struct PageButton {
     std::function<void()> action;
 };
 
-/// The screen of one page: a bar with the title and the way back, below it the description and whatever the page's
-/// `build` adds, one below the other, and a log of what the component reported.
+/// The contents of a page, in a column that scrolls: the description and whatever the page's `build` adds, one below
+/// the other, and a log of what the component reported.
 class PageView : public UIView {
 public:
-    bool initWithFrame_page(CGRect frame, const Page& page);
+    /// `screen`: whose view it is in; not kept.
+    bool initWithFrame_screen(CGRect frame, ZRTViewController* screen);
 
-    /// Runs when the button in the bar is tapped.
-    void setBackAction(std::function<void()> action);
+    /// Once, when it is in the screen's view.
+    void build(const Page& page);
     /// Shows the component in action without a touch; nothing on a page that shows it anyway.
     void showComponent();
     /// To be called before the page goes: puts away what is still shown on it.
@@ -27,6 +28,7 @@ public:
 
     /// @name For `build`
     /// @{
+    ZRTViewController* screen() const { return m_screen; }
     /// Points between the left and the right margin.
     CGFloat contentWidth() const;
     void addText(const NSString& text);
@@ -49,7 +51,7 @@ public:
 private:
     void place(UIView* view, CGFloat height, CGFloat spaceAfter);
 
-    Ref<NavigationBar> m_bar;
+    Weak<ZRTViewController> m_screen;
     Ref<ScrollBox> m_scrollBox;
     Ref<UILabel> m_logLabel;
     std::vector<NSString> m_logLines;

@@ -1,4 +1,5 @@
 #include <Gallery/Pages/OverlayDemo.h>
+#include <Gallery/Settings/SampleText.h>
 #include <ZRKitDynamic/ZRColor/ZRColor.h>
 #include <ZRKitDynamic/ZRTAlertView/ZRTipsAlertView.h>
 
@@ -42,7 +43,8 @@ protected:
     Ref<ZRBaseAlert> makeOverlay() override {
         auto alert =
             make<ZRTipsAlertView>(&ZRTipsAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
-                                  m_spec.title, m_spec.message, this, m_spec.cancel, m_spec.ok);
+                                  SampleText::translated(m_spec.title), SampleText::translated(m_spec.message), this,
+                                  SampleText::translated(m_spec.cancel), SampleText::translated(m_spec.ok));
         if (m_spec.image)
             alert->setTipImage(UIImage::imageNamed(m_spec.image));
         if (m_setup)

@@ -1,5 +1,6 @@
 #include <Gallery/Look/Landscape.h>
 #include <Gallery/Pages/OverlayDemo.h>
+#include <Gallery/Settings/SampleText.h>
 #include <ZRKitDynamic/ZRTAlertView/ZRToastView.h>
 #include <ZRPlatform/Foundation/NSTimer.h>
 
@@ -32,7 +33,7 @@ protected:
 
     const char* showTitle() const override { return "Show toast"; }
     Ref<ZRBaseAlert> makeOverlay() override {
-        auto toast = make<ZRToastView>(&ZRToastView::initWithDelegate_message, this, m_message);
+        auto toast = make<ZRToastView>(&ZRToastView::initWithDelegate_message, this, SampleText::translated(m_message));
         if (m_setup)
             m_setup(toast);
         return toast;
@@ -51,7 +52,7 @@ private:
         m_timer = nullptr;
     }
 
-    NSString m_message;
+    const char* m_message = nullptr;
     ToastSetup m_setup;
     Ref<NSTimer> m_timer;
 };

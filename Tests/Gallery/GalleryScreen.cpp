@@ -1,6 +1,8 @@
 #include <Tests/Gallery/GalleryScreen.h>
 
 #include <Gallery/GalleryApplication.h>
+#include <Gallery/Look/Look.h>
+#include <Gallery/Settings/SampleText.h>
 #include <gtest/gtest.h>
 
 namespace zr::test {
@@ -20,6 +22,9 @@ void collect(UIView* view, std::vector<UIView*>& views) {
 GalleryScreen::GalleryScreen(const std::string& page, const DeviceProfile& profile) : host(profile) {
     const auto* opened = page.empty() ? nullptr : gallery::pageNamed(page);
     EXPECT_EQ(opened == nullptr, page.empty()) << page;
+    // What another test has chosen in this process is not this one's.
+    gallery::SampleText::setLanguage(gallery::SampleText::Language::English);
+    gallery::Look::setHue(gallery::Look::Hue::Green);
     host.launch(make<gallery::GalleryApplication>(&gallery::GalleryApplication::initWithPage, opened));
 }
 

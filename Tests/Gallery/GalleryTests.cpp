@@ -77,6 +77,11 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "image-box",
                                          "tilt",
                                          "spin",
+                                         "bar-buttons",
+                                         "bar-fade",
+                                         "bar-hues",
+                                         "screen-stack",
+                                         "vertical-drag",
                                          "theme-colors"};
 
 std::size_t lineCount(const std::string& text) { return static_cast<std::size_t>(std::ranges::count(text, '\n')); }
@@ -194,14 +199,16 @@ TEST(Gallery, TheDeviceChoosesThePicturesSize) {
     EXPECT_EQ(picture->CGImage()->height(), 1704u);
 }
 
-TEST(Gallery, BeforeVersionSevenTheStatusBarIsAStripOfItsOwn) {
+TEST(Gallery, TheBarIsLowerOnSystemsThatSortBeforeVersionSeven) {
     const TemporaryFolder folder;
     const std::string path = folder.path("p.png");
-    ASSERT_EQ(runGallery({"--snapshot", path, "--system-version", "6.1"}).exitCode, 0);
-    const auto picture = UIImage::imageWithContentsOfFile(path);
-    ASSERT_TRUE(picture);
-    EXPECT_EQ(pixelAt(picture, 4, 38), 0xFF000000u);
-    EXPECT_EQ(pixelAt(picture, 4, 42), 0xFF00C340u);
+    for (const auto& [version, edge] : {std::pair("6.1", 88), {"10.3", 88}, {"8.4", 128}}) {
+        ASSERT_EQ(runGallery({"--snapshot", path, "--system-version", version}).exitCode, 0);
+        const auto picture = UIImage::imageWithContentsOfFile(path);
+        ASSERT_TRUE(picture);
+        EXPECT_EQ(pixelAt(picture, 4, static_cast<NSUInteger>(edge - 1)), 0xFF00C340u) << version;
+        EXPECT_EQ(pixelAt(picture, 4, static_cast<NSUInteger>(edge)), 0xFFF8F8F8u) << version;
+    }
 }
 
 TEST(Gallery, ATapOnARowSlidesItsPageInAndBackLeadsToTheList) {

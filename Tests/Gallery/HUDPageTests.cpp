@@ -191,7 +191,7 @@ TEST(HUDPages, TheHUDTurnsWithItsWindowFromVersion8) {
     EXPECT_EQ(UIScreen::mainScreen()->bounds().size, CGSizeMake(667, 375));
     EXPECT_EQ(screen.hud()->frame(), CGRectMake(0, 0, 667, 375));
     EXPECT_EQ(screen.hud()->transform(), CGAffineTransformIdentity);
-    EXPECT_EQ(screen.all<gallery::PageView>().at(0)->frame(), CGRectMake(0, 0, 667, 375));
+    EXPECT_EQ(screen.all<gallery::PageView>().at(0)->frame(), CGRectMake(0, 64, 667, 311));
     screen.tapButton("Turn");
     screen.host.advance(0.5);
     EXPECT_EQ(screen.hud()->frame(), CGRectMake(0, 0, 375, 667));

@@ -88,6 +88,8 @@ public:
     bool clipboardKey(char letter);
     /// Whether a text input has the focus, and where its caret is.
     bool isTextInputActive() const { return m_textInputActive; }
+    /// Whether the application has asked to be closed.
+    bool isClosed() const { return m_isClosed; }
     CGRect caretRect() const { return m_caretRect; }
     /// @}
 
@@ -125,6 +127,8 @@ public:
     /// @{
     void wake() override;
     void textInputChanged(bool active, CGRect caret) override;
+    /// Only remembered: the application ends with its host.
+    void close() override { m_isClosed = true; }
     /// Kept in memory, nil at first.
     NSString clipboardText() const override { return m_clipboard; }
     void setClipboardText(const NSString& text) override { m_clipboard = text; }
@@ -144,6 +148,7 @@ private:
     NSString m_clipboard;
     CGRect m_caretRect;
     bool m_textInputActive = false;
+    bool m_isClosed = false;
 };
 
 } // namespace zr

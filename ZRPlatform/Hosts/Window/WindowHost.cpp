@@ -47,7 +47,8 @@ void WindowHost::run() {
     while (!m_isClosed) {
         NSRunLoop::mainRunLoop()->runDue();
         composeIfDue();
-        sleep();
+        if (!m_isClosed)
+            sleep();
     }
 }
 

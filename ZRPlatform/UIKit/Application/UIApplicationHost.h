@@ -16,6 +16,8 @@ public:
     virtual void wake() = 0;
     /// A text input took or lost the focus; the caret is in points of the screen. Input methods follow it.
     virtual void textInputChanged(bool active, CGRect caret) = 0;
+    /// Ends the application, as the user does who closes its window, once what runs now has returned. Main thread.
+    virtual void close() = 0;
     virtual NSString clipboardText() const = 0;
     virtual void setClipboardText(const NSString& text) = 0;
 };

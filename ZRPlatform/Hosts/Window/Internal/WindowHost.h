@@ -27,6 +27,7 @@ public:
     /// @{
     void wake() override;
     void textInputChanged(bool active, CGRect caret) override;
+    void close() override { m_isClosed = true; }
     NSString clipboardText() const override;
     void setClipboardText(const NSString& text) override;
     /// @}
