@@ -76,7 +76,8 @@ bool UINavigationController::canTake(const UIViewController* controller) const {
 }
 
 void UINavigationController::pushViewController_animated(UIViewController* controller, bool animated) {
-    const Ref<UIViewController> keep = controller;
+    const Ref<UINavigationController> keep = this;
+    const Ref<UIViewController> keepController = controller;
     if (ChangeQueue::isIdle())
         finishOwnTransition();
     if (!canTake(controller) || contains(m_stack, controller)) {
@@ -85,11 +86,12 @@ void UINavigationController::pushViewController_animated(UIViewController* contr
         return;
     }
     auto stack = m_stack;
-    stack.push_back(keep);
+    stack.push_back(keepController);
     changeStack(std::move(stack), animated, true);
 }
 
 Ref<UIViewController> UINavigationController::popViewControllerAnimated(bool animated) {
+    const Ref<UINavigationController> keep = this;
     if (ChangeQueue::isIdle())
         finishOwnTransition();
     if (m_stack.size() < 2)
@@ -101,6 +103,8 @@ Ref<UIViewController> UINavigationController::popViewControllerAnimated(bool ani
 
 std::vector<Ref<UIViewController>> UINavigationController::popToViewController_animated(UIViewController* controller,
                                                                                         bool animated) {
+    const Ref<UINavigationController> keep = this;
+    const Ref<UIViewController> keepController = controller;
     if (ChangeQueue::isIdle())
         finishOwnTransition();
     const auto found = std::find_if(m_stack.begin(), m_stack.end(),
@@ -116,6 +120,7 @@ std::vector<Ref<UIViewController>> UINavigationController::popToViewController_a
 }
 
 std::vector<Ref<UIViewController>> UINavigationController::popToRootViewControllerAnimated(bool animated) {
+    const Ref<UINavigationController> keep = this;
     if (ChangeQueue::isIdle())
         finishOwnTransition();
     if (m_stack.empty())
@@ -125,6 +130,7 @@ std::vector<Ref<UIViewController>> UINavigationController::popToRootViewControll
 
 void UINavigationController::setViewControllers_animated(const std::vector<Ref<UIViewController>>& controllers,
                                                          bool animated) {
+    const Ref<UINavigationController> keep = this;
     if (ChangeQueue::isIdle())
         finishOwnTransition();
     std::vector<Ref<UIViewController>> stack;

@@ -194,6 +194,33 @@ TEST_F(NavigationStack, AScreenPushedAgainWhileItLeavesStays) {
     EXPECT_NE(b->view()->window(), nullptr);
 }
 
+TEST_F(NavigationStack, ItMayBeDroppedWhenAChangeEndsTheSlideBeforeIt) {
+    const std::function<void(UINavigationController*, UIViewController*)> changes[] = {
+        [](auto* stack, auto* screen) { stack->pushViewController_animated(screen, true); },
+        [](auto* stack, auto*) { stack->popViewControllerAnimated(true); },
+        [](auto* stack, auto* screen) { stack->popToViewController_animated(screen, true); },
+        [](auto* stack, auto*) { stack->popToRootViewControllerAnimated(true); },
+        [](auto* stack, auto* screen) { stack->setViewControllers_animated({screen}, true); },
+    };
+    for (const auto& change : changes) {
+        auto dropped =
+            make<UINavigationController>(&UINavigationController::initWithRootViewController, makeScreen("X"));
+        show(dropped);
+        const auto pushed = makeScreen("Y");
+        pushed->act = [&](const std::string& what) {
+            if (what == "did appear animated")
+                window->setRootViewController(nullptr);
+        };
+        dropped->pushViewController_animated(pushed, true);
+        host.advance(0.1);
+        UINavigationController* stack = dropped;
+        const Weak<UINavigationController> weak = std::exchange(dropped, nullptr);
+        change(stack, makeScreen("Z"));
+        host.advance(1);
+        EXPECT_EQ(weak, nullptr);
+    }
+}
+
 TEST_F(NavigationStack, KeysReadIt) {
     show(navigation);
     EXPECT_EQ(navigation->valueForKey("topViewController").objectValue(), a);
