@@ -58,8 +58,13 @@ void ViewAnimation::commitCurrent() {
 
 Ref<CAAnimation> ViewAnimation::animationForChange(CALayer* layer, const char* key) {
     const bool animated = std::find(std::begin(kAnimatedKeys), std::end(kAnimatedKeys), key) != std::end(kAnimatedKeys);
-    if (!animated || !g_animationsEnabled || !(duration > 0))
+    if (!animated || !g_animationsEnabled)
         return nullptr;
+    if (!(duration > 0)) {
+        // At once means that nothing goes on under way to what was wanted before.
+        layer->removeAnimationForKey(key);
+        return nullptr;
+    }
     // What is seen is where the change starts; a second change in one block starts where the first one ends.
     const CAAnimation* running = layer->animationForKey(key);
     const bool changedBefore = running && running->delegate().get() == this;

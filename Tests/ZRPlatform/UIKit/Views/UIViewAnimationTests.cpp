@@ -98,6 +98,16 @@ TEST_F(UIViewAnimationTest, ZeroDurationSetsAtOnceAndCompletesInTheNextTurn) {
     EXPECT_EQ(completions, std::vector<bool>{true});
 }
 
+TEST_F(UIViewAnimationTest, ZeroDurationEndsWhatRuns) {
+    UIView::animateWithDuration_animations_completion(1, fadeTo(0), completion());
+    host.advance(0.5);
+    UIView::animateWithDuration_animations_completion(0, fadeTo(0.75), completion());
+    EXPECT_EQ(seen().opacity, 0.75f);
+    EXPECT_FALSE(view->layer()->hasAnimations());
+    host.advance(0);
+    EXPECT_EQ(completions, (std::vector<bool>{false, true}));
+}
+
 TEST_F(UIViewAnimationTest, ABlockThatChangesNothingCompletesInTheNextTurn) {
     UIView::animateWithDuration_animations_completion(5, fadeTo(1), completion());
     EXPECT_TRUE(completions.empty());
