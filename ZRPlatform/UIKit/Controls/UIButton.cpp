@@ -1,5 +1,7 @@
 #include <ZRPlatform/UIKit/Controls/UIButton.h>
 
+#include <ZRPlatform/UIKit/Text/TextEngine.h>
+
 #include <ZRPlatform/UIKit/Application/UIScreen.h>
 #include <ZRPlatform/UIKit/Images/UIGraphics.h>
 #include <ZRPlatform/UIKit/Views/UIImageView.h>
@@ -273,6 +275,9 @@ CGSize UIButton::imageSize() const {
 CGSize UIButton::titleSize(CGSize limit) const {
     if (!m_titleLabel || currentTitle().length() == 0)
         return CGSizeZero;
+    // Measuring a title that is wider anyway would take long.
+    if (std::isfinite(limit.width) && m_titleLabel->text().utf8().size() > TextRequest::longestLine)
+        return limit;
     return sizeWithin(m_titleLabel->sizeThatFits({std::max(limit.width, CGFloat(1)), limit.height}), limit);
 }
 
@@ -311,9 +316,8 @@ CGRect UIButton::titleRectForContentRect(CGRect contentRect) const {
 }
 
 CGSize UIButton::sizeThatFits(CGSize) const {
-    constexpr CGFloat kUnlimited = 1e6;
     const CGSize image = imageSize();
-    const CGSize title = titleSize({kUnlimited, kUnlimited});
+    const CGSize title = titleSize({TextRequest::unlimited, TextRequest::unlimited});
     const UIEdgeInsets& insets = m_contentEdgeInsets;
     const CGFloat padding = m_type == UIButtonTypeSystem ? 2 * kSystemPadding : 0;
     const UIImage* background = currentBackgroundImage();

@@ -15,8 +15,6 @@ namespace {
 constexpr const char* kEllipsis = "\xE2\x80\xA6";
 /// A line may stick out of the room by less than any screen shows.
 constexpr CGFloat kTolerance = 1.0 / 64;
-/// Bytes of a line; more than the widest screen shows in the smallest font.
-constexpr std::size_t kLongestLine = 16 * 1024;
 
 FontFace faceOf(const UIFont& font) { return {font.familyName(), font.weight(), font.isItalic()}; }
 
@@ -75,14 +73,25 @@ void narrowEllipsis(PangoLayoutLine* line) {
 /// A line stays as high as its font's lines for what reaches beyond it by next to nothing, as most emoji do.
 CGFloat grownTo(CGFloat reach, CGFloat own, CGFloat pointSize) { return reach > own + pointSize / 32 ? reach : own; }
 
-/// Cuts off what could not be seen, as shaping it would take long. Whether there was such.
-bool cutLongLine(std::string& line) {
-    if (line.size() <= kLongestLine)
+/// The nearest beginning of a character, downwards.
+std::size_t characterStart(const std::string& text, std::size_t place) {
+    while (place > 0 && place < text.size() && (static_cast<unsigned char>(text[place]) & 0xC0) == 0x80)
+        --place;
+    return place;
+}
+
+/// Takes out what could not be seen of a line, as shaping it would take long: its end, its beginning or its middle, by
+/// what will be truncated. Whether there was such.
+bool cutLongLine(std::string& line, NSLineBreakMode mode) {
+    if (line.size() <= TextRequest::longestLine)
         return false;
-    std::size_t end = kLongestLine;
-    while (end > 0 && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80)
-        --end; // within a character
-    line.resize(end);
+    std::size_t first = TextRequest::longestLine, last = line.size();
+    if (mode == NSLineBreakByTruncatingHead)
+        first = 0, last = line.size() - TextRequest::longestLine;
+    else if (mode == NSLineBreakByTruncatingMiddle)
+        first = TextRequest::longestLine / 2, last = line.size() - TextRequest::longestLine / 2;
+    first = characterStart(line, first);
+    line.erase(first, characterStart(line, last) - first);
     return true;
 }
 
@@ -221,12 +230,14 @@ void PangoTextLayout::layOutLastLine(const TextRequest& request, std::size_t sta
     if (request.lineBreakMode == NSLineBreakByTruncatingTail || request.lineBreakMode == NSLineBreakByClipping) {
         text.resize(std::min(lineBreak, text.size()));
         if (std::isfinite(request.width))
-            hasMore = cutLongLine(text) || hasMore;
+            hasMore = cutLongLine(text, request.lineBreakMode) || hasMore;
         if (hasMore && request.lineBreakMode == NSLineBreakByTruncatingTail)
             text += kEllipsis;
     } else {
         std::replace_if(
             text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+        if (std::isfinite(request.width))
+            cutLongLine(text, request.lineBreakMode);
     }
     PangoLayout* layout = makeLayout(request, text);
     pango_layout_set_single_paragraph_mode(layout, TRUE);

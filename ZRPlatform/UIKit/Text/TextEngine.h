@@ -33,6 +33,8 @@ struct FontMetrics {
 /// What to lay out and in which room.
 struct TextRequest {
     static constexpr CGFloat unlimited = std::numeric_limits<CGFloat>::infinity();
+    /// In bytes. A line that is longer is wider than any screen; in a limited width no more of it is laid out.
+    static constexpr std::size_t longestLine = 16 * 1024;
 
     NSString text;
     Ref<UIFont> font;

@@ -96,6 +96,26 @@ TEST(TextLayout, OfALineFarLongerThanTheRoomOnlyTheBeginningIsShaped) {
     EXPECT_GT(truncated->size().width, 950);
 }
 
+TEST(TextLayout, OfALineCutAtItsHeadOrInItsMiddleTheEndsThatShowAreKept) {
+    std::string text(100'000, 'x');
+    text.replace(0, 5, "Begin").replace(text.size() - 3, 3, "End");
+    TextRequest request{text, font17(), 120};
+    request.lineLimit = 1;
+    const auto widthWith = [&](NSLineBreakMode mode, const std::string& whole) {
+        request.lineBreakMode = mode;
+        request.text = whole;
+        return layOut(request)->size().width;
+    };
+    // As the same ends of a line that is short enough to be taken whole.
+    const std::string shorter = text.substr(0, 2000) + text.substr(text.size() - 2000);
+    for (const NSLineBreakMode mode :
+         {NSLineBreakByTruncatingHead, NSLineBreakByTruncatingMiddle, NSLineBreakByTruncatingTail}) {
+        EXPECT_EQ(widthWith(mode, text), widthWith(mode, shorter)) << mode;
+        EXPECT_NE(widthWith(mode, text), widthWith(mode, std::string(100'000, 'x'))) << mode;
+        EXPECT_TRUE(layOut(request)->isTruncated());
+    }
+}
+
 TEST(TextLayout, ALineLimitLargerThanTheTextChangesNothing) {
     TextRequest request{"alpha beta gamma", font17(), 60};
     const Layout all = layOut(request);
