@@ -19,9 +19,18 @@ constexpr NSUInteger kFlexibleSize = UIViewAutoresizingFlexibleWidth | UIViewAut
 constexpr NSUInteger kFlexibleMargins = UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin |
                                         UIViewAutoresizingFlexibleTopMargin | UIViewAutoresizingFlexibleBottomMargin;
 
+/// In no time, what fades already does not go on.
 void fade(UIView* view, CGFloat alpha, NSTimeInterval duration, std::function<void(bool)> completion = nullptr) {
+    if (duration == 0)
+        view->layer()->removeAnimationForKey("opacity");
     UIView::animateWithDuration_animations_completion(
         duration, [view, alpha] { view->setAlpha(alpha); }, std::move(completion));
+}
+
+/// Within an animation of the caller's too.
+void hideAtOnce(UIView* view) {
+    view->layer()->removeAnimationForKey("opacity");
+    UIView::performWithoutAnimation([view] { view->setAlpha(0); });
 }
 
 void styleScreenButton(UIButton* button) {
@@ -112,52 +121,63 @@ void ZRTNavigationBar::showBackButtonAnimated(bool animated) { hiddenBackButton_
 
 // The screen's buttons
 
+void ZRTNavigationBar::setLeftButton(UIButton* button) { m_left = {button, m_left.installation + 1, false}; }
+
+void ZRTNavigationBar::setRightButton(UIButton* button) { m_right = {button, m_right.installation + 1, false}; }
+
 void ZRTNavigationBar::setLeftButton_animated(UIButton* button, bool animated) {
-    if (m_leftButton && !button) {
-        fadeOut(m_leftButton, animated, [this](UIButton* gone) {
-            if (m_leftButton == gone)
-                setLeftButton(nullptr);
-        });
+    if (m_left.button && !button) {
+        fadeOut(m_left, animated, [this] { setLeftButton(nullptr); });
         return;
     }
     // The two never stand side by side, whatever comes of this call.
     if (m_backButton)
-        m_backButton->setAlpha(0);
-    if (button == m_leftButton)
+        hideAtOnce(m_backButton);
+    if (button == m_left.button)
         return;
-    const Ref<UIButton> former = m_leftButton;
+    if (button == m_right.button)
+        setRightButton(nullptr);
+    if (m_left.button)
+        m_left.button->removeFromSuperview();
     setLeftButton(button);
-    replace(former, button, button->frame().size.width * 0.5 + kButtonMargin, animated);
+    fadeIn(button, button->frame().size.width * 0.5 + kButtonMargin, animated);
 }
 
 void ZRTNavigationBar::setRightButton_animated(UIButton* button, bool animated) {
-    if (m_rightButton && !button) {
-        fadeOut(m_rightButton, animated, [this](UIButton* gone) {
-            if (m_rightButton == gone)
-                setRightButton(nullptr);
-        });
+    if (m_right.button && !button) {
+        fadeOut(m_right, animated, [this] { setRightButton(nullptr); });
         return;
     }
-    if (button == m_rightButton)
+    if (button == m_right.button)
         return;
-    const Ref<UIButton> former = m_rightButton;
+    if (button == m_left.button)
+        setLeftButton(nullptr);
+    if (m_right.button)
+        m_right.button->removeFromSuperview();
     setRightButton(button);
-    replace(former, button, frame().size.width - button->frame().size.width * 0.5 - kButtonMargin, animated);
+    fadeIn(button, frame().size.width - button->frame().size.width * 0.5 - kButtonMargin, animated);
 }
 
-void ZRTNavigationBar::fadeOut(const Ref<UIButton>& button, bool animated,
-                               const std::function<void(UIButton*)>& forget) {
-    fade(button, 0, animated ? kButtonFade : 0, [button, forget, keep = Ref<ZRTNavigationBar>(this)](bool) {
-        button->removeFromSuperview();
-        forget(button);
-    });
+/// A button that is set meanwhile, that one again included, has the place then.
+void ZRTNavigationBar::fadeOut(Slot& slot, bool animated, const std::function<void()>& empty) {
+    if (slot.isLeaving && animated)
+        return;
+    slot.isLeaving = true;
+    fade(slot.button, 0, animated ? kButtonFade : 0,
+         [this, &slot, button = slot.button, installation = slot.installation, empty,
+          keep = Ref<ZRTNavigationBar>(this)](bool) {
+             const bool isStillLeaving = slot.installation == installation;
+             if (isStillLeaving || (button != m_left.button && button != m_right.button))
+                 button->removeFromSuperview();
+             if (isStillLeaving)
+                 empty();
+         });
 }
 
-void ZRTNavigationBar::replace(UIButton* former, UIButton* button, CGFloat centerX, bool animated) {
-    if (former)
-        former->removeFromSuperview();
-    button->setCenter(CGPointMake(centerX, buttonTop() + button->frame().size.height * 0.5));
-    button->setAlpha(0);
+void ZRTNavigationBar::fadeIn(UIButton* button, CGFloat centerX, bool animated) {
+    UIView::performWithoutAnimation(
+        [&] { button->setCenter(CGPointMake(centerX, buttonTop() + button->frame().size.height * 0.5)); });
+    hideAtOnce(button);
     styleScreenButton(button);
     addSubview(button);
     fade(button, 1, animated ? kButtonFade : 0);
@@ -177,7 +197,6 @@ void ZRTNavigationBar::setRightButtonTitle_target_action(const NSString& title, 
 Ref<UIButton> ZRTNavigationBar::makeTextButton(CGRect frame, const NSString& title, NSObject* target, SEL action) {
     auto button = UIButton::buttonWithType(UIButtonTypeCustom);
     button->setTitle_forState(title, UIControlStateNormal);
-    styleScreenButton(button);
     button->setFrame(frame);
     button->addTarget_action_forControlEvents(target, action, UIControlEventTouchUpInside);
     return button;

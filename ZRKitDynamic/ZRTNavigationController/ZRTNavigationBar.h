@@ -21,7 +21,8 @@ public:
     virtual void initViews();
 
     /// @name Properties
-    /// Objects are kept, but for the delegate; what is replaced stays in the bar.
+    /// Objects are kept, but for the delegate, which reads nil once it is gone. What is replaced stays in the bar. Nil
+    /// parts are done without.
     /// @{
     ZRTNavigationBarDelegate* delegate() const { return m_delegate; }
     virtual void setDelegate(const Delegate<ZRTNavigationBarDelegate>& delegate) { m_delegate = delegate; }
@@ -33,12 +34,13 @@ public:
     UIButton* backButton() const { return m_backButton; }
     virtual void setBackButton(UIButton* button) { m_backButton = button; }
     /// Nil when there is none. The setter stores only; see `setLeftButton_animated`.
-    UIButton* leftButton() const { return m_leftButton; }
-    virtual void setLeftButton(UIButton* button) { m_leftButton = button; }
-    UIButton* rightButton() const { return m_rightButton; }
-    virtual void setRightButton(UIButton* button) { m_rightButton = button; }
+    UIButton* leftButton() const { return m_left.button; }
+    virtual void setLeftButton(UIButton* button);
+    UIButton* rightButton() const { return m_right.button; }
+    virtual void setRightButton(UIButton* button);
     /// @}
 
+    /// Nil shows none; one that is too long for half of the bar's width shrinks and is then cut.
     virtual void setNavTitle(const NSString& title);
     /// Gives the background the theme's colour again. The bar does not follow the theme by itself.
     virtual void defaultBackgroundColor();
@@ -55,35 +57,47 @@ public:
     /// @}
 
     /// @name The screen's buttons
-    /// A new button replaces the one before at once, takes the bar's colours and font, keeps its size, and fades in;
-    /// nil fades the button out and then takes it off. The button that is there already is left as it is.
+    /// A new button replaces the one before at once, takes the bar's colours and font, keeps its size, and fades in,
+    /// its upper edge 41 points above the bar's lower one. Nil fades the button out and then takes it off: until then
+    /// it is the bar's still. One that is set meanwhile stays. The button that is there already is left as it is, so
+    /// setting one that fades out does not save it; on the other side of the bar it would be taken from here.
     /// @{
     /// 5 points from the left edge. Asking for a left button hides the back button, at once, even when nothing else
     /// comes of it; only taking one off does not. It does not come back by itself.
     virtual void setLeftButton_animated(UIButton* button, bool animated);
     /// 5 points from the right edge.
     virtual void setRightButton_animated(UIButton* button, bool animated);
-    /// Fades in a text button, 40 points wide; 70 on the right.
+    /// Fades in a text button, 40 points wide, into which long titles are squeezed; 70 on the right. It sends `action`
+    /// to `target`, held weakly, at a touch-up inside; nil for either sends nothing. A nil title is none.
     virtual void setLeftButtonTitle_target_action(const NSString& title, NSObject* target, SEL action);
     virtual void setRightButtonTitle_target_action(const NSString& title, NSObject* target, SEL action);
     /// @}
 
-    /// Tells the delegate.
+    /// Tells the delegate, of this very button, nil too.
     virtual void backButtonClicked(UIButton* button);
     void layoutSubviews() override;
 
 private:
+    /// The place of a button of the screen's.
+    struct Slot {
+        Ref<UIButton> button;
+        /// Counts the buttons that were set; the same one again is another installation.
+        int installation = 0;
+        /// It fades out.
+        bool isLeaving = false;
+    };
+
     CGFloat buttonTop() const;
     Ref<UIButton> makeTextButton(CGRect frame, const NSString& title, NSObject* target, SEL action);
-    void fadeOut(const Ref<UIButton>& button, bool animated, const std::function<void(UIButton*)>& forget);
-    void replace(UIButton* former, UIButton* button, CGFloat centerX, bool animated);
+    void fadeOut(Slot& slot, bool animated, const std::function<void()>& empty);
+    void fadeIn(UIButton* button, CGFloat centerX, bool animated);
 
     Delegate<ZRTNavigationBarDelegate> m_delegate;
     Ref<ZRShadowAnimationView> m_backgroundImageView;
     Ref<UILabel> m_titleLabel;
     Ref<UIButton> m_backButton;
-    Ref<UIButton> m_leftButton;
-    Ref<UIButton> m_rightButton;
+    Slot m_left;
+    Slot m_right;
 };
 
 } // namespace zr

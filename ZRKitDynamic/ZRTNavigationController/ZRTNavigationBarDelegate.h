@@ -10,6 +10,7 @@ class ZRTNavigationBarDelegate {
 public:
     virtual ~ZRTNavigationBarDelegate() = default;
 
+    /// The back button was tapped. Does nothing here.
     virtual void zrTNavigationBar_backButtonClicked(ZRTNavigationBar* /*bar*/, UIButton* /*button*/) {}
 };
 

@@ -37,12 +37,14 @@ bool ZRTViewController::initWithNibName_bundle(const NSString& nibName, NSBundle
 
 void ZRTViewController::createNavigationBarIfNeed() {
     if (navigationController() && !m_tNavigationBar) {
-        setTNavigationBar(make<ZRTNavigationBar>(&UIView::initWithFrame, barFrame()));
-        m_tNavigationBar->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
-        m_tNavigationBar->setDelegate(this);
-        m_tNavigationBar->setNavTitle(title());
-        view()->addSubview(m_tNavigationBar);
-        view()->bringSubviewToFront(m_tNavigationBar);
+        const auto bar = make<ZRTNavigationBar>(&UIView::initWithFrame, barFrame());
+        bar->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+        bar->setDelegate(this);
+        bar->setNavTitle(title());
+        // Before the view, which asks for the bar itself as it loads.
+        setTNavigationBar(bar);
+        view()->addSubview(bar);
+        view()->bringSubviewToFront(bar);
     }
     if (m_tNavigationBar)
         m_tNavigationBar->setFrame(barFrame());

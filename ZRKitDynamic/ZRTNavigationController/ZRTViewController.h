@@ -19,7 +19,7 @@ public:
 
     /// @name Bar
     /// @{
-    /// Nil until the screen has one; kept.
+    /// Nil until the screen has one; kept. One that is replaced stays in the view, and the screen its delegate.
     ZRTNavigationBar* tNavigationBar() const { return m_tNavigationBar; }
     virtual void setTNavigationBar(ZRTNavigationBar* bar) { m_tNavigationBar = bar; }
     /// Makes the bar when there is a navigation controller and no bar yet, with the screen's title and the screen as
@@ -37,8 +37,9 @@ public:
 
     /// Also the bar's title.
     void setTitle(const NSString& title) override;
-    /// Pops the top screen where there are two or more; else dismisses what presents the screen. A dismissal is
-    /// animated whatever `animated` says.
+    /// Pops the top screen where there are two or more. Else dismisses what this screen presents, or else the screen
+    /// itself or the stack that it is in, animated whatever `animated` says; nothing happens where there is nothing to
+    /// dismiss.
     virtual void popViewControllerWithAnimated(bool animated);
     /// Pops, animated.
     void zrTNavigationBar_backButtonClicked(ZRTNavigationBar* bar, UIButton* button) override;

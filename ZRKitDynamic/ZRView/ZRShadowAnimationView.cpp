@@ -15,17 +15,19 @@ void ZRShadowAnimationView::setBackgroundColor(UIColor* color) { UIImageView::se
 
 void ZRShadowAnimationView::beginAnimationFromColor_toColor_duration(UIColor* fromColor, UIColor* toColor,
                                                                      double duration) {
-    if (!toColor || !m_endView)
+    if (!toColor)
         return;
-    if (backgroundColor() == fromColor && m_endView->backgroundColor() == toColor)
+    UIColor* coverColor = m_endView ? m_endView->backgroundColor() : nullptr;
+    if (backgroundColor() == fromColor && coverColor == toColor)
         return;
-    // An animation starts from what is seen: a fade that still runs would be gone on with.
-    m_endView->layer()->removeAnimationForKey("opacity");
-    m_endView->setBackgroundColor(fromColor ? fromColor : backgroundColor());
-    m_endView->setAlpha(1);
+    if (m_endView) {
+        m_endView->setBackgroundColor(fromColor ? fromColor : backgroundColor());
+        m_endView->setAlpha(1);
+    }
     setBackgroundColor(toColor);
-    animateWithDuration_animations_completion(
-        duration, [this] { m_endView->setAlpha(0); }, nullptr);
+    if (m_endView)
+        animateWithDuration_animations_completion(
+            duration, [this] { m_endView->setAlpha(0); }, nullptr);
 }
 
 void ZRShadowAnimationView::layoutSubviews() {

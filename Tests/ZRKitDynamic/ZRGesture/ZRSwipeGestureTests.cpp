@@ -56,6 +56,15 @@ TEST_F(ZRSwipeGestureTest, MeasuresInSinglePrecision) {
     EXPECT_EQ(stateAfter(40, 20 + 1e-9), UIGestureRecognizerStateFailed);
 }
 
+TEST_F(ZRSwipeGestureTest, RoundsTheDistanceAndNotThePlaces) {
+    // Far from the view's corner a single-precision place is off by more than the distance is.
+    view->setBounds(CGRectMake(0, 1e6, 200, 200));
+    press();
+    dragTo(0, 30 - 1e-3);
+    EXPECT_EQ(swipe->state(), UIGestureRecognizerStatePossible);
+    host.touchUp();
+}
+
 TEST_F(ZRSwipeGestureTest, MayTurnFromAsideToSteepOnTheWay) {
     press();
     dragTo(40, 21);
@@ -109,6 +118,16 @@ TEST_F(ZRSwipeGestureTest, ATouchCancelledBeforeItHasBegunIsNoSwipe) {
     EXPECT_EQ(swipe->state(), UIGestureRecognizerStatePossible);
 }
 
+TEST_F(ZRSwipeGestureTest, OneOfTwoTouchesThatIsCancelledCancelsIt) {
+    press();
+    host.touchDown({200, 250}, 1);
+    host.touchMove({200, 220}, 1);
+    news();
+    host.touchCancel(1);
+    EXPECT_EQ(news(), (Log{"swipe cancelled"}));
+    host.touchUp();
+}
+
 TEST_F(ZRSwipeGestureTest, KeepsItsPointsInItsViewAndForgetsThem) {
     EXPECT_EQ(swipe->beginPoint(), CGPointZero);
     EXPECT_EQ(swipe->curPoint(), CGPointZero);
@@ -118,6 +137,8 @@ TEST_F(ZRSwipeGestureTest, KeepsItsPointsInItsViewAndForgetsThem) {
     dragTo(3, 40);
     EXPECT_EQ(swipe->beginPoint(), (CGPoint{10, 10}));
     EXPECT_EQ(swipe->curPoint(), (CGPoint{13, 50}));
+    dragTo(4, 60);
+    EXPECT_EQ(swipe->curPoint(), (CGPoint{14, 70})) << "it follows";
     host.touchUp();
     EXPECT_EQ(swipe->beginPoint(), CGPointZero);
     EXPECT_EQ(swipe->curPoint(), CGPointZero);

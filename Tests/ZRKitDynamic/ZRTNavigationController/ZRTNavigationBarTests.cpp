@@ -2,8 +2,10 @@
 #include <ZRKitDynamic/ZRColor/ZRColorInstance.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBar.h>
 #include <ZRPlatform/Foundation/NSBundle.h>
+#include <ZRPlatform/Foundation/NSNotificationCenter.h>
 
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 
 namespace zr::testing {
@@ -45,6 +47,9 @@ protected:
         return button;
     }
     static CGFloat seenAlpha(const UIView* view) { return view->layer()->presentationValues().opacity; }
+    /// A quarter of the way there is where an animation that eases in and out is far from half of the half.
+    static constexpr double kEasedQuarter = 0.12916;
+
     static void expectStyled(UIButton* button) {
         EXPECT_EQ(rgba(button->titleColorForState(UIControlStateNormal)), rgb(255, 255, 255));
         EXPECT_EQ(rgba(button->titleColorForState(UIControlStateHighlighted)), rgb(255, 255, 255, 0.3));
@@ -136,14 +141,34 @@ TEST_F(ZRTNavigationBarTest, TheBackButtonsImagesAreTheApplications) {
     EXPECT_EQ(sideOf(UIControlStateDisabled), 21);
 }
 
-TEST_F(ZRTNavigationBarTest, KeepsItsContentsInPlaceWhenItIsResized) {
+TEST_F(ZRTNavigationBarTest, ItsPartsShareTheRoomThatItGainsByTheirMargins) {
     const auto right = makeButton(70, 40);
     bar->setRightButton_animated(right, false);
-    bar->setFrame(CGRectMake(0, 0, 640, 64));
-    EXPECT_EQ(bar->backgroundImageView()->frame(), CGRectMake(0, 0, 640, 64));
-    EXPECT_EQ(bar->titleLabel()->center().x, 320);
-    EXPECT_EQ(bar->titleLabel()->frame().size, CGSizeMake(160, 30));
-    EXPECT_EQ(right->frame().size, CGSizeMake(70, 40));
+    bar->setFrame(CGRectMake(0, 0, 640, 96));
+    bar->layoutIfNeeded();
+    EXPECT_EQ(bar->backgroundImageView()->frame(), CGRectMake(0, 0, 640, 96));
+    // Twice as wide: each margin is twice what it was. Half as high again: 32 points more, shared as 30 and 4 are.
+    const auto expectFrame = [](const UIView* view, CGFloat x, CGFloat y, CGSize size) {
+        EXPECT_NEAR(view->frame().origin.x, x, 1e-9);
+        EXPECT_NEAR(view->frame().origin.y, y, 1e-9);
+        EXPECT_EQ(view->frame().size, size);
+    };
+    expectFrame(bar->titleLabel(), 240, 30 + 32.0 * 30 / 34, CGSizeMake(160, 30));
+    expectFrame(bar->backButton(), 5 + 320.0 * 5 / 280, 23 + 32.0 * 23 / 24, CGSizeMake(40, 40));
+    expectFrame(right, 245 + 320.0 * 245 / 250, 23 + 32.0 * 23 / 24, CGSizeMake(70, 40));
+}
+
+TEST_F(ZRTNavigationBarTest, NewButtonsStandAtTheEdgesThatTheBarHasNow) {
+    bar->setFrame(CGRectMake(0, 0, 400, 50));
+    const auto left = makeButton(60, 30), right = makeButton(60, 30);
+    bar->setLeftButton_animated(left, false);
+    bar->setRightButton_animated(right, false);
+    EXPECT_EQ(left->frame(), CGRectMake(5, 9, 60, 30));
+    EXPECT_EQ(right->frame(), CGRectMake(335, 9, 60, 30));
+    bar->setLeftButtonTitle_target_action("Edit", nullptr, nullptr);
+    bar->setRightButtonTitle_target_action("Done", nullptr, nullptr);
+    EXPECT_EQ(bar->leftButton()->frame(), CGRectMake(5, 9, 40, 40));
+    EXPECT_EQ(bar->rightButton()->frame(), CGRectMake(325, 9, 70, 40));
 }
 
 // The back button
@@ -156,6 +181,15 @@ TEST_F(ZRTNavigationBarTest, ATapOnTheBackButtonTellsTheDelegate) {
     EXPECT_EQ(delegate.buttons, (std::vector<UIButton*>{bar->backButton()}));
     host.tap({160, 43});
     EXPECT_EQ(delegate.bars.size(), 1u);
+}
+
+TEST_F(ZRTNavigationBarTest, TheBackButtonTellsOnlyWhenTheFingerGoesUpInside) {
+    bar->setDelegate(&delegate);
+    host.touchDown({25, 43});
+    EXPECT_TRUE(delegate.bars.empty());
+    host.touchMove({25, 400});
+    host.touchUp();
+    EXPECT_TRUE(delegate.bars.empty());
 }
 
 TEST_F(ZRTNavigationBarTest, WithoutADelegateThatListensNothingHappens) {
@@ -189,7 +223,9 @@ TEST_F(ZRTNavigationBarTest, TheWholeBarFadesInHalfASecondAndKeepsItsPlace) {
     bar->hiddenNavigationBarWithAnimated(true);
     EXPECT_EQ(bar->alpha(), 0);
     EXPECT_EQ(seenAlpha(bar), 1);
-    host.advance(0.25);
+    host.advance(0.125);
+    EXPECT_NEAR(seenAlpha(bar), 1 - kEasedQuarter, 1e-5);
+    host.advance(0.125);
     EXPECT_NEAR(seenAlpha(bar), 0.5, 1e-6);
     host.advance(0.25 - 1e-6);
     EXPECT_TRUE(bar->layer()->hasAnimations());
@@ -213,7 +249,9 @@ TEST_F(ZRTNavigationBarTest, TheBackButtonFadesIn300Milliseconds) {
     const auto expectFade = [&](CGFloat end) {
         EXPECT_EQ(back->alpha(), end);
         EXPECT_EQ(seenAlpha(back), 1 - end);
-        host.advance(0.15);
+        host.advance(0.075);
+        EXPECT_NEAR(seenAlpha(back), end == 0 ? 1 - kEasedQuarter : kEasedQuarter, 1e-5);
+        host.advance(0.075);
         EXPECT_NEAR(seenAlpha(back), 0.5, 1e-6);
         host.advance(0.15);
         EXPECT_EQ(seenAlpha(back), end);
@@ -256,6 +294,98 @@ TEST_F(ZRTNavigationBarTest, TakesTheThemesColourBackWhenAsked) {
     EXPECT_EQ(bar->backgroundImageView()->backgroundColor(), ZRColorInstance::Instance()->navigationBarShadowColor());
 }
 
+TEST_F(ZRTNavigationBarTest, DoesNotFollowTheThemeByItself) {
+    bar->backgroundImageView()->setBackgroundColor(UIColor::blueColor());
+    NSNotificationCenter::defaultCenter()->postNotificationName_object(kChangeThemeNotification, nullptr);
+    EXPECT_EQ(bar->backgroundImageView()->backgroundColor(), UIColor::blueColor());
+}
+
+// In the middle of a fade
+
+TEST_F(ZRTNavigationBarTest, WhatIsAskedForWithoutAnimationEndsAFade) {
+    bar->hiddenNavigationBarWithAnimated(true);
+    host.advance(0.25);
+    bar->hiddenNavigationBarWithAnimated(false);
+    EXPECT_EQ(seenAlpha(bar), 0);
+    bar->hiddenBackButtonAnimated(true);
+    host.advance(0.15);
+    bar->hiddenBackButtonAnimated(false);
+    EXPECT_EQ(seenAlpha(bar->backButton()), 0);
+}
+
+TEST_F(ZRTNavigationBarTest, ALeftButtonHidesTheBackButtonAtOnceWhateverIsAnimated) {
+    bar->hiddenBackButtonAnimated(true);
+    host.advance(0.1);
+    bar->setLeftButton_animated(nullptr, true);
+    EXPECT_EQ(seenAlpha(bar->backButton()), 0);
+    bar->showBackButtonAnimated(false);
+    const auto left = makeButton(60, 30);
+    UIView::animateWithDuration_animations(2, [&] { bar->setLeftButton_animated(left, true); });
+    EXPECT_EQ(seenAlpha(bar->backButton()), 0);
+    EXPECT_EQ(left->layer()->presentationValues().position, CGPointMake(35, 38));
+    EXPECT_EQ(seenAlpha(left), 0);
+}
+
+TEST_F(ZRTNavigationBarTest, AskingTwiceForARemovalChangesNothing) {
+    const auto left = makeButton(60, 30);
+    bar->setLeftButton_animated(left, false);
+    bar->setLeftButton_animated(nullptr, true);
+    host.advance(0.1);
+    bar->setLeftButton_animated(nullptr, true);
+    host.advance(0.19);
+    EXPECT_EQ(bar->leftButton(), left);
+    host.advance(0.01);
+    EXPECT_EQ(bar->leftButton(), nullptr);
+    bar->setLeftButton_animated(left, false);
+    bar->setLeftButton_animated(nullptr, true);
+    bar->setLeftButton_animated(nullptr, false);
+    EXPECT_EQ(seenAlpha(left), 0);
+    host.advance(0);
+    EXPECT_EQ(bar->leftButton(), nullptr);
+    EXPECT_EQ(left->superview(), nullptr);
+}
+
+TEST_F(ZRTNavigationBarTest, AButtonThatIsSetAgainWhileItFadesOutStays) {
+    const auto first = makeButton(60, 30), second = makeButton(60, 30);
+    bar->setLeftButton_animated(first, false);
+    bar->setLeftButton_animated(nullptr, true);
+    host.advance(0.1);
+    bar->setLeftButton_animated(second, true);
+    bar->setLeftButton_animated(first, true);
+    EXPECT_EQ(seenAlpha(first), 0) << "it fades in from nothing";
+    host.advance(1);
+    EXPECT_EQ(bar->leftButton(), first);
+    EXPECT_EQ(first->superview(), bar);
+    EXPECT_EQ(seenAlpha(first), 1);
+    EXPECT_EQ(second->superview(), nullptr);
+}
+
+TEST_F(ZRTNavigationBarTest, AButtonIsOnOneSideOnly) {
+    const auto button = makeButton(60, 30);
+    bar->setLeftButton_animated(button, false);
+    bar->setLeftButton_animated(nullptr, true);
+    host.advance(0.1);
+    bar->setRightButton_animated(button, true);
+    EXPECT_EQ(bar->leftButton(), nullptr);
+    EXPECT_EQ(seenAlpha(button), 0);
+    host.advance(1);
+    EXPECT_EQ(bar->rightButton(), button);
+    EXPECT_EQ(button->superview(), bar);
+    bar->setLeftButton_animated(button, false);
+    EXPECT_EQ(bar->rightButton(), nullptr);
+    EXPECT_EQ(button->frame(), CGRectMake(5, 23, 60, 30));
+}
+
+TEST_F(ZRTNavigationBarTest, AFadingButtonThatWasReplacedByTheSetterGoes) {
+    const auto first = makeButton(60, 30), second = makeButton(60, 30);
+    bar->setLeftButton_animated(first, false);
+    bar->setLeftButton_animated(nullptr, true);
+    bar->setLeftButton(second);
+    host.advance(1);
+    EXPECT_EQ(first->superview(), nullptr);
+    EXPECT_EQ(bar->leftButton(), second);
+}
+
 // The left button
 
 TEST_F(ZRTNavigationBarTest, ALeftButtonTakesTheBackButtonsPlaceAndFadesIn) {
@@ -268,7 +398,9 @@ TEST_F(ZRTNavigationBarTest, ALeftButtonTakesTheBackButtonsPlaceAndFadesIn) {
     expectStyled(left);
     EXPECT_EQ(seenAlpha(bar->backButton()), 0) << "at once";
     EXPECT_EQ(seenAlpha(left), 0);
-    host.advance(0.15);
+    host.advance(0.075);
+    EXPECT_NEAR(seenAlpha(left), kEasedQuarter, 1e-5);
+    host.advance(0.075);
     EXPECT_NEAR(seenAlpha(left), 0.5, 1e-6);
     host.advance(0.15);
     EXPECT_EQ(seenAlpha(left), 1);
@@ -297,7 +429,11 @@ TEST_F(ZRTNavigationBarTest, TheLeftButtonThatIsThereDoesNotFlash) {
     host.advance(0);
     bar->backButton()->setAlpha(1);
     left->setFrame(CGRectMake(1, 2, 3, 4));
+    const auto subviews = bar->subviews();
+    bar->addSubview(make<UIView>());
     bar->setLeftButton_animated(left, true);
+    EXPECT_EQ(bar->subviews()[3], left) << "it stays where it was among the others";
+    EXPECT_EQ(bar->subviews().size(), subviews.size() + 1);
     EXPECT_EQ(bar->backButton()->alpha(), 0) << "it gives up the back button all the same";
     EXPECT_EQ(left->frame(), CGRectMake(1, 2, 3, 4));
     EXPECT_EQ(seenAlpha(left), 1);
@@ -358,7 +494,9 @@ TEST_F(ZRTNavigationBarTest, ARightButtonStandsAtTheRightEdgeAndLeavesTheBackBut
     expectStyled(right);
     EXPECT_EQ(seenAlpha(bar->backButton()), 1);
     EXPECT_EQ(seenAlpha(right), 0);
-    host.advance(0.15);
+    host.advance(0.075);
+    EXPECT_NEAR(seenAlpha(right), kEasedQuarter, 1e-5);
+    host.advance(0.075);
     EXPECT_NEAR(seenAlpha(right), 0.5, 1e-6);
     host.advance(0.15);
     EXPECT_EQ(seenAlpha(right), 1);
@@ -368,8 +506,12 @@ TEST_F(ZRTNavigationBarTest, ANewRightButtonReplacesTheOldOneAndTheSameOneIsLeft
     const auto first = makeButton(60, 30), second = makeButton(40, 40);
     bar->setRightButton_animated(first, false);
     host.advance(0);
+    bar->addSubview(make<UIView>());
+    first->setFrame(CGRectMake(1, 2, 3, 4));
     bar->setRightButton_animated(first, true);
     EXPECT_EQ(seenAlpha(first), 1);
+    EXPECT_EQ(first->frame(), CGRectMake(1, 2, 3, 4));
+    EXPECT_EQ(bar->subviews()[3], first);
     bar->setRightButton_animated(second, false);
     EXPECT_EQ(first->superview(), nullptr);
     EXPECT_EQ(second->frame(), CGRectMake(275, 23, 40, 40));
@@ -388,6 +530,11 @@ TEST_F(ZRTNavigationBarTest, NilFadesTheRightButtonOut) {
     host.advance(1e-6);
     EXPECT_EQ(bar->rightButton(), nullptr);
     EXPECT_EQ(right->superview(), nullptr);
+    bar->setRightButton_animated(right, false);
+    bar->setRightButton_animated(nullptr, false);
+    EXPECT_EQ(seenAlpha(right), 0);
+    host.advance(0);
+    EXPECT_EQ(bar->rightButton(), nullptr);
 }
 
 // Text buttons
@@ -405,6 +552,12 @@ TEST_F(ZRTNavigationBarTest, TextButtonsAre40And70PointsWide) {
     EXPECT_EQ(bar->leftButton()->titleForState(UIControlStateNormal), "Edit");
     EXPECT_EQ(bar->rightButton()->titleForState(UIControlStateNormal), "Done");
     host.advance(0.3);
+    for (const CGPoint place : {CGPointMake(25, 43), CGPointMake(280, 43)}) {
+        host.touchDown(place);
+        host.touchMove({160, 500});
+        host.touchUp();
+    }
+    EXPECT_TRUE(target.buttons.empty()) << "the fingers did not go up inside";
     host.tap({25, 43});
     host.tap({280, 43});
     EXPECT_EQ(target.buttons, (std::vector<UIButton*>{bar->leftButton(), bar->rightButton()}));
@@ -417,6 +570,20 @@ TEST_F(ZRTNavigationBarTest, TextButtonsMayLackATitleOrATarget) {
     host.tap({25, 43});
     host.tap({280, 43});
     EXPECT_TRUE(bar->leftButton()->titleForState(UIControlStateNormal).isNil());
+}
+
+TEST_F(ZRTNavigationBarTest, ButtonTitlesOfAMegabyteAreShownAsFarAsTheyGo) {
+    const std::clock_t start = std::clock();
+    bar->setLeftButtonTitle_target_action(std::string(1 << 20, 'x'), nullptr, nullptr);
+    bar->setRightButtonTitle_target_action(std::string(1 << 20, 'x'), nullptr, nullptr);
+    host.advance(1);
+    // Shaping all of it takes more than ten times as long.
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC);
+    EXPECT_EQ(bar->leftButton()->titleForState(UIControlStateNormal).length(), 1u << 20);
+    int inked = 0;
+    for (CGFloat x = 6; x < 44; ++x)
+        inked += !(host.pixel({x, 43}) == host.pixel({160, 43}));
+    EXPECT_GT(inked, 10) << "white letters on green";
 }
 
 TEST_F(ZRTNavigationBarTest, ABarThatGoesDuringAFadeIsNoHarm) {

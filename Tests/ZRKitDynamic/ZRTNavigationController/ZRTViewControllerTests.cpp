@@ -75,7 +75,7 @@ TEST(ZRTViewController, WantsItsBarInBothInitialisersAndWhenTheViewLoads) {
     auto screen = make<Screen>(&UIViewController::initWithNibName_bundle, "Screen", nullptr);
     EXPECT_EQ(screen->timesBarWanted, 1);
     EXPECT_EQ(screen->timesBarHidden, 1);
-    EXPECT_GE(make<Screen>()->timesBarWanted, 1);
+    EXPECT_EQ(make<Screen>()->timesBarWanted, 2) << "by the one initialiser in the other too";
     screen->view();
     EXPECT_EQ(screen->timesBarWanted, 2);
     EXPECT_EQ(screen->timesBarHidden, 2);
@@ -151,9 +151,19 @@ TEST(ZRTViewController, AScreenWhoseViewWasLoadedBeforeItsPushHasNoBarUntilItAsk
     phone.navigation->pushViewController_animated(screen, false);
     phone.host.advance(0);
     EXPECT_EQ(screen->tNavigationBar(), nullptr);
-    EXPECT_TRUE(phone.navigation->navigationBar()->isHidden());
     screen->createNavigationBarIfNeed();
     EXPECT_EQ(screen->tNavigationBar()->superview(), screen->view());
+}
+
+TEST(ZRTViewController, AScreenWithoutABarHidesTheNavigationControllersAllTheSame) {
+    Phone phone;
+    auto screen = make<Screen>();
+    screen->view();
+    phone.navigation->navigationBar()->setHidden(false);
+    phone.navigation->pushViewController_animated(screen, false);
+    phone.host.advance(0);
+    EXPECT_EQ(screen->tNavigationBar(), nullptr);
+    EXPECT_TRUE(phone.navigation->navigationBar()->isHidden());
 }
 
 TEST(ZRTViewController, EachScreenHasABarOfItsOwn) {
@@ -180,6 +190,10 @@ TEST(ZRTViewController, ATitleSetBeforeTheBarIsTakenOver) {
     auto navigation = make<UINavigationController>(&UINavigationController::initWithRootViewController, screen);
     screen->view();
     EXPECT_EQ(screen->tNavigationBar()->titleLabel()->text(), "Early");
+    screen->navigationItem()->setTitle("Item");
+    screen->setTNavigationBar(nullptr);
+    screen->createNavigationBarIfNeed();
+    EXPECT_EQ(screen->tNavigationBar()->titleLabel()->text(), "Early") << "the screen's title, not the item's";
     screen->setTitle("Late");
     EXPECT_EQ(screen->tNavigationBar()->titleLabel()->text(), "Late");
     EXPECT_EQ(screen->title(), "Late");
@@ -242,6 +256,10 @@ TEST(ZRTViewController, ItsBarComesToTheFrontWheneverItAppears) {
     phone.navigation->popViewControllerAnimated(false);
     phone.host.advance(0);
     EXPECT_EQ(view->subviews().back(), phone.root->tNavigationBar());
+    view->bringSubviewToFront(cover);
+    phone.push();
+    phone.navigation->popViewControllerAnimated(true);
+    EXPECT_EQ(view->subviews().back(), phone.root->tNavigationBar()) << "from the first frame of the slide on";
 }
 
 // Leaving
@@ -308,6 +326,23 @@ TEST(ZRTViewController, AScreenPresentedByItselfDismissesItselfAnimatedAnyway) {
     EXPECT_EQ(phone.root->presentedViewController(), nullptr);
 }
 
+TEST(ZRTViewController, ASecondPopDuringTheSlideOfTheFirstDismissesNothing) {
+    Phone phone;
+    auto inner = make<Screen>();
+    auto presented = make<UINavigationController>(&UINavigationController::initWithRootViewController, inner);
+    phone.root->presentViewController_animated_completion(presented, false, nullptr);
+    phone.host.advance(0);
+    auto second = make<Screen>();
+    presented->pushViewController_animated(second, false);
+    phone.host.advance(0);
+    second->popViewControllerWithAnimated(true);
+    phone.host.advance(0.1);
+    second->popViewControllerWithAnimated(true);
+    phone.host.advance(1);
+    EXPECT_EQ(phone.root->presentedViewController(), presented) << "the one that slides away is a child still";
+    EXPECT_TRUE(second->dismissals.empty());
+}
+
 TEST(ZRTViewController, TheLastScreenOfAnApplicationStays) {
     Phone phone;
     phone.host.tap(middleOnScreen(phone.root->tNavigationBar()->backButton()));
@@ -349,9 +384,19 @@ TEST(ZRTViewController, ABarThatOutlivesItsScreenHasNobodyToTell) {
 
 TEST(ZRTViewController, ATitleOfAMegabyteIsShownAsFarAsItGoes) {
     Phone phone;
+    phone.host.advance(0);
+    const FramePixel green = phone.host.pixel({187, 45});
     phone.root->setTitle(NSString(std::string(1 << 20, 'x')));
     phone.host.advance(0.1);
-    EXPECT_EQ(phone.root->tNavigationBar()->titleLabel()->frame(), CGRectMake(93.75, 30, 187.5, 30));
+    const UILabel* label = phone.root->tNavigationBar()->titleLabel();
+    EXPECT_EQ(label->text().length(), 1u << 20);
+    EXPECT_EQ(label->frame(), CGRectMake(93.75, 30, 187.5, 30));
+    int inked = 0;
+    for (CGFloat x = 100; x < 270; x += 0.5) {
+        for (CGFloat y = 45; y < 55; y += 0.5)
+            inked += !(phone.host.pixel({x, y}) == green);
+    }
+    EXPECT_GT(inked, 100) << "tiny letters all the way";
 }
 
 } // namespace zr::testing

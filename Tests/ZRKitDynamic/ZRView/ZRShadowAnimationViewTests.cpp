@@ -54,8 +54,10 @@ TEST_F(ZRShadowAnimationViewTest, FadesFromOneColourToAnother) {
     EXPECT_EQ(view->endView()->backgroundColor(), blue);
     EXPECT_EQ(view->endView()->alpha(), 0);
     EXPECT_EQ(seen(), (FramePixel{0, 0, 255}));
-    host.advance(0.5);
-    EXPECT_NEAR(seenAlpha(), 0.5, 1e-6); // eased in and out
+    host.advance(0.25);
+    EXPECT_NEAR(seenAlpha(), 1 - 0.12916, 1e-5); // eased in and out
+    host.advance(0.25);
+    EXPECT_NEAR(seenAlpha(), 0.5, 1e-6);
     EXPECT_EQ(seen(), (FramePixel{0, 127, 128}));
     host.advance(0.5);
     EXPECT_EQ(seen(), (FramePixel{0, 255, 0}));
@@ -123,6 +125,26 @@ TEST_F(ZRShadowAnimationViewTest, AFadeThatComesWhileOneRunsStartsAnew) {
     EXPECT_EQ(seen(), (FramePixel{0, 0, 255}));
 }
 
+TEST_F(ZRShadowAnimationViewTest, LastsAsLongAsIsAskedFor) {
+    fade(red, green, 3);
+    host.advance(1.5);
+    EXPECT_NEAR(seenAlpha(), 0.5, 1e-6);
+    host.advance(1.5 - 1e-6);
+    EXPECT_TRUE(view->endView()->layer()->hasAnimations());
+    host.advance(1e-6);
+    EXPECT_FALSE(view->endView()->layer()->hasAnimations());
+}
+
+TEST_F(ZRShadowAnimationViewTest, NoColourAtAllIsComparedLikeAnother) {
+    view->setBackgroundColor(nullptr);
+    view->endView()->setBackgroundColor(green);
+    fade(nullptr, green);
+    EXPECT_EQ(view->backgroundColor(), nullptr) << "a fade back, from no colour";
+    view->endView()->setBackgroundColor(red);
+    fade(nullptr, green);
+    EXPECT_EQ(view->backgroundColor(), green);
+}
+
 TEST_F(ZRShadowAnimationViewTest, InNoTimeItSwitchesAtOnce) {
     fade(red, green, 0);
     EXPECT_EQ(seen(), (FramePixel{0, 255, 0}));
@@ -161,7 +183,7 @@ TEST_F(ZRShadowAnimationViewTest, ASubclassSeesItsColourChange) {
     EXPECT_EQ(watched->colors, (std::vector<Ref<UIColor>>{green}));
 }
 
-TEST_F(ZRShadowAnimationViewTest, AnotherOverlayTakesOverAndNoneMeansNoFade) {
+TEST_F(ZRShadowAnimationViewTest, AnotherOverlayTakesOverAndWithoutOneColoursChangeAtOnce) {
     const auto other = make<UIImageView>();
     view->addSubview(other);
     view->setEndView(other);
@@ -172,7 +194,8 @@ TEST_F(ZRShadowAnimationViewTest, AnotherOverlayTakesOverAndNoneMeansNoFade) {
     EXPECT_EQ(other->backgroundColor(), red);
     view->setEndView(nullptr);
     fade(green, blue);
-    EXPECT_EQ(view->backgroundColor(), green);
+    EXPECT_EQ(view->backgroundColor(), blue);
+    EXPECT_EQ(other->backgroundColor(), red);
     view->setNeedsLayout();
     view->layoutIfNeeded();
 }
