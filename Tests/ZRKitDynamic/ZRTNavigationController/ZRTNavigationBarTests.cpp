@@ -1,6 +1,5 @@
-#include <Tests/ZRKitDynamic/KitTesting.h>
+#include <Tests/ZRKitDynamic/ZRTNavigationController/NavigationBarTesting.h>
 #include <ZRKitDynamic/ZRColor/ZRColorInstance.h>
-#include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBar.h>
 #include <ZRPlatform/Foundation/NSBundle.h>
 #include <ZRPlatform/Foundation/NSNotificationCenter.h>
 
@@ -9,66 +8,6 @@
 #include <filesystem>
 
 namespace zr::testing {
-
-namespace {
-
-class BarDelegate : public NSObject, public ZRTNavigationBarDelegate {
-public:
-    void zrTNavigationBar_backButtonClicked(ZRTNavigationBar* bar, UIButton* button) override {
-        bars.push_back(bar);
-        buttons.push_back(button);
-        if (onClick)
-            onClick();
-    }
-    std::vector<ZRTNavigationBar*> bars;
-    std::vector<UIButton*> buttons;
-    std::function<void()> onClick;
-};
-
-class SilentDelegate : public NSObject, public ZRTNavigationBarDelegate {};
-
-/// A bar of 320 x 64 points at the top of the screen.
-class ZRTNavigationBarTest : public ::testing::Test {
-protected:
-    class Target : public NSObject {
-    public:
-        void tapped(UIButton* button) { buttons.push_back(button); }
-        std::vector<UIButton*> buttons;
-    };
-
-    void SetUp() override { window->addSubview(bar); }
-
-    static Ref<ZRTNavigationBar> makeBar(CGFloat width, CGFloat height) {
-        return make<ZRTNavigationBar>(&UIView::initWithFrame, CGRectMake(0, 0, width, height));
-    }
-    static Ref<UIButton> makeButton(CGFloat width, CGFloat height) {
-        auto button = make<UIButton>();
-        button->setFrame(CGRectMake(77, 77, width, height));
-        return button;
-    }
-    static CGFloat seenAlpha(const UIView* view) { return view->layer()->presentationValues().opacity; }
-    /// A quarter of the way there is where an animation that eases in and out is far from half of the half.
-    static constexpr double kEasedQuarter = 0.12916;
-
-    static void expectStyled(UIButton* button) {
-        EXPECT_EQ(rgba(button->titleColorForState(UIControlStateNormal)), rgb(255, 255, 255));
-        EXPECT_EQ(rgba(button->titleColorForState(UIControlStateHighlighted)), rgb(255, 255, 255, 0.3));
-        EXPECT_EQ(rgba(button->titleColorForState(UIControlStateDisabled)), rgb(255, 255, 255, 0.3));
-        EXPECT_TRUE(button->titleLabel()->font()->isEqual(UIFont::systemFontOfSize(15)));
-        EXPECT_EQ(button->titleLabel()->textAlignment(), NSTextAlignmentRight);
-        EXPECT_EQ(button->titleLabel()->backgroundColor(), UIColor::clearColor());
-        EXPECT_EQ(button->backgroundColor(), UIColor::clearColor());
-        EXPECT_EQ(button->autoresizingMask(), 45u);
-    }
-
-    HeadlessHost host{device(320, 568)};
-    Ref<UIWindow> window = showWindow(UIColor::whiteColor());
-    Ref<ZRTNavigationBar> bar = makeBar(320, 64);
-    BarDelegate delegate;
-    Target target;
-};
-
-} // namespace
 
 // Construction
 
@@ -298,92 +237,6 @@ TEST_F(ZRTNavigationBarTest, DoesNotFollowTheThemeByItself) {
     bar->backgroundImageView()->setBackgroundColor(UIColor::blueColor());
     NSNotificationCenter::defaultCenter()->postNotificationName_object(kChangeThemeNotification, nullptr);
     EXPECT_EQ(bar->backgroundImageView()->backgroundColor(), UIColor::blueColor());
-}
-
-// In the middle of a fade
-
-TEST_F(ZRTNavigationBarTest, WhatIsAskedForWithoutAnimationEndsAFade) {
-    bar->hiddenNavigationBarWithAnimated(true);
-    host.advance(0.25);
-    bar->hiddenNavigationBarWithAnimated(false);
-    EXPECT_EQ(seenAlpha(bar), 0);
-    bar->hiddenBackButtonAnimated(true);
-    host.advance(0.15);
-    bar->hiddenBackButtonAnimated(false);
-    EXPECT_EQ(seenAlpha(bar->backButton()), 0);
-}
-
-TEST_F(ZRTNavigationBarTest, ALeftButtonHidesTheBackButtonAtOnceWhateverIsAnimated) {
-    bar->hiddenBackButtonAnimated(true);
-    host.advance(0.1);
-    bar->setLeftButton_animated(nullptr, true);
-    EXPECT_EQ(seenAlpha(bar->backButton()), 0);
-    bar->showBackButtonAnimated(false);
-    const auto left = makeButton(60, 30);
-    UIView::animateWithDuration_animations(2, [&] { bar->setLeftButton_animated(left, true); });
-    EXPECT_EQ(seenAlpha(bar->backButton()), 0);
-    EXPECT_EQ(left->layer()->presentationValues().position, CGPointMake(35, 38));
-    EXPECT_EQ(seenAlpha(left), 0);
-}
-
-TEST_F(ZRTNavigationBarTest, AskingTwiceForARemovalChangesNothing) {
-    const auto left = makeButton(60, 30);
-    bar->setLeftButton_animated(left, false);
-    bar->setLeftButton_animated(nullptr, true);
-    host.advance(0.1);
-    bar->setLeftButton_animated(nullptr, true);
-    host.advance(0.19);
-    EXPECT_EQ(bar->leftButton(), left);
-    host.advance(0.01);
-    EXPECT_EQ(bar->leftButton(), nullptr);
-    bar->setLeftButton_animated(left, false);
-    bar->setLeftButton_animated(nullptr, true);
-    bar->setLeftButton_animated(nullptr, false);
-    EXPECT_EQ(seenAlpha(left), 0);
-    host.advance(0);
-    EXPECT_EQ(bar->leftButton(), nullptr);
-    EXPECT_EQ(left->superview(), nullptr);
-}
-
-TEST_F(ZRTNavigationBarTest, AButtonThatIsSetAgainWhileItFadesOutStays) {
-    const auto first = makeButton(60, 30), second = makeButton(60, 30);
-    bar->setLeftButton_animated(first, false);
-    bar->setLeftButton_animated(nullptr, true);
-    host.advance(0.1);
-    bar->setLeftButton_animated(second, true);
-    bar->setLeftButton_animated(first, true);
-    EXPECT_EQ(seenAlpha(first), 0) << "it fades in from nothing";
-    host.advance(1);
-    EXPECT_EQ(bar->leftButton(), first);
-    EXPECT_EQ(first->superview(), bar);
-    EXPECT_EQ(seenAlpha(first), 1);
-    EXPECT_EQ(second->superview(), nullptr);
-}
-
-TEST_F(ZRTNavigationBarTest, AButtonIsOnOneSideOnly) {
-    const auto button = makeButton(60, 30);
-    bar->setLeftButton_animated(button, false);
-    bar->setLeftButton_animated(nullptr, true);
-    host.advance(0.1);
-    bar->setRightButton_animated(button, true);
-    EXPECT_EQ(bar->leftButton(), nullptr);
-    EXPECT_EQ(seenAlpha(button), 0);
-    host.advance(1);
-    EXPECT_EQ(bar->rightButton(), button);
-    EXPECT_EQ(button->superview(), bar);
-    bar->setLeftButton_animated(button, false);
-    EXPECT_EQ(bar->rightButton(), nullptr);
-    EXPECT_EQ(button->frame(), CGRectMake(5, 23, 60, 30));
-}
-
-TEST_F(ZRTNavigationBarTest, AFadingButtonThatWasReplacedByTheSetterGoes) {
-    const auto first = makeButton(60, 30), second = makeButton(60, 30);
-    bar->setLeftButton_animated(first, false);
-    bar->setLeftButton_animated(nullptr, true);
-    bar->setLeftButton(second);
-    host.advance(1);
-    EXPECT_EQ(first->superview(), nullptr);
-    EXPECT_EQ(bar->leftButton(), second);
 }
 
 // The left button
