@@ -20,17 +20,23 @@ int listPages() {
     return 0;
 }
 
-/// The arguments that open the gallery on another device.
-std::vector<std::string> argumentsFor(const DeviceProfile& profile) {
+/// The arguments that open such a window on another device.
+std::vector<std::string> argumentsFor(const DeviceProfile& profile, const CommandLine& options) {
     char device[64];
     std::snprintf(device, sizeof device, "%gx%g@%g", profile.screenSize.width, profile.screenSize.height,
                   profile.scale);
-    return {"zr_gallery", "--device", device, "--system-version", profile.systemVersion.UTF8String()};
+    std::vector<std::string> arguments = {"zr_gallery", "--device", device, "--system-version",
+                                          profile.systemVersion.UTF8String()};
+    if (options.windowScale)
+        arguments.insert(arguments.end(), {"--window-scale", std::to_string(*options.windowScale)});
+    if (options.frameLog)
+        arguments.push_back("--frame-log");
+    return arguments;
 }
 
 /// Starts the program anew in the place of this one, as a device is chosen at the start of a program.
-int reopen(const DeviceProfile& profile) {
-    std::vector<std::string> arguments = argumentsFor(profile);
+int reopen(const DeviceProfile& profile, const CommandLine& options) {
+    std::vector<std::string> arguments = argumentsFor(profile, options);
     std::vector<char*> pointers;
     for (std::string& argument : arguments)
         pointers.push_back(argument.data());
@@ -55,7 +61,7 @@ int openWindow(const CommandLine& options) {
         });
         return gallery->applicationDidFinishLaunching(application);
     });
-    return chosen ? reopen(*chosen) : status;
+    return chosen ? reopen(*chosen, options) : status;
 }
 
 } // namespace

@@ -11,6 +11,7 @@ public:
     bool initWithName_isLast(const NSString& name, bool isLast);
 
     /// Not at first.
+    bool isChosen() const { return !m_mark->isHidden(); }
     void setChosen(bool chosen) { m_mark->setHidden(!chosen); }
 
 private:

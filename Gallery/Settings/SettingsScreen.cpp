@@ -50,6 +50,8 @@ void SettingsScreen::addChoices(RowList* rows, const NSString& heading, const st
     }
     for (std::size_t i = 0; i < choices.size(); ++i) {
         choices[i]->setAction([choices, i, choose] {
+            if (choices[i]->isChosen())
+                return;
             for (ChoiceRow* choice : choices)
                 choice->setChosen(choice == choices[i]);
             choose(i);

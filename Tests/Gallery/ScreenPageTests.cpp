@@ -116,6 +116,7 @@ TEST(GallerySettings, TheDeviceAndItsVersionAreChosenForAReopening) {
         screen.host.touchMove({180, -4000}, 0.3);
         screen.host.touchUp();
         screen.host.advance(0.5);
+        tapRow(screen, "375x667@2"); // which it is
         tapRow(screen, "320x568@2");
         tapRow(screen, "6.1");
     }
