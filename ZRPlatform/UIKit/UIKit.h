@@ -32,6 +32,8 @@
 #include <ZRPlatform/UIKit/Images/UIColor.h>
 #include <ZRPlatform/UIKit/Images/UIGraphics.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>
+#include <ZRPlatform/UIKit/Lists/UIScrollView.h>
+#include <ZRPlatform/UIKit/Lists/UIScrollViewDelegate.h>
 #include <ZRPlatform/UIKit/Text/NSString+Drawing.h>
 #include <ZRPlatform/UIKit/Text/NSText.h>
 #include <ZRPlatform/UIKit/Text/UIFont.h>
