@@ -60,6 +60,11 @@ GestureArbiter::Candidate GestureArbiter::enter(UIGestureRecognizer* recognizer)
 
 bool GestureArbiter::isFollowed(const UITouch* touch) const { return !touch->gestureRecognizers().empty(); }
 
+bool GestureArbiter::isKnownToView(const UITouch* touch) const {
+    const Tracked tracked = trackedTouch(touch);
+    return tracked && tracked->delivery.isKnownToView();
+}
+
 bool GestureArbiter::hasFingerDown(const Contender& contender) const {
     return std::any_of(m_touches.begin(), m_touches.end(), [&](const Tracked& tracked) {
         return !tracked->isUp && tracked->touch->isSeenBy(contender.recognizer);

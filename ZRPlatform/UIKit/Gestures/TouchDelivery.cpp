@@ -1,7 +1,9 @@
 #include <ZRPlatform/UIKit/Gestures/Internal/TouchDelivery.h>
 
+#include <ZRPlatform/UIKit/Gestures/UIGestureRecognizer.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace zr {
@@ -57,6 +59,14 @@ void TouchDelivery::sendMoment(const Waiting& waiting) {
         m_touch->m_now = present;
 }
 
+bool TouchDelivery::mayViewKnow(UITouch* touch, UIEvent* event) {
+    const auto recognizers = touch->m_gestureRecognizers;
+    return std::all_of(recognizers.begin(), recognizers.end(), [&](const auto& weak) {
+        const Ref<UIGestureRecognizer> recognizer = weak.lock();
+        return !recognizer || recognizer->letsViewKnow(touch, event);
+    });
+}
+
 void TouchDelivery::sendToView(UITouch* touch, UIEvent* event) {
     const Ref<UIView> view = touch->view();
     if (!view || !touch->m_reachesView)
@@ -64,7 +74,9 @@ void TouchDelivery::sendToView(UITouch* touch, UIEvent* event) {
     const TouchSet changed{touch};
     switch (touch->phase()) {
     case UITouchPhaseBegan:
-        view->touchesBegan_withEvent(changed, event);
+        touch->m_reachesView = mayViewKnow(touch, event);
+        if (touch->m_reachesView)
+            view->touchesBegan_withEvent(changed, event);
         break;
     case UITouchPhaseMoved:
         view->touchesMoved_withEvent(changed, event);

@@ -124,7 +124,12 @@ protected:
 
 private:
     friend class GestureArbiter;
+    friend class TouchDelivery;
     friend class UIView;
+
+    /// Asked of each one that follows the touch, before the touch's view is told of its beginning; a no keeps all of
+    /// the touch from the view.
+    virtual bool letsViewKnow(UITouch*, UIEvent*) { return true; }
 
     struct TargetAction {
         Weak<NSObject> target;

@@ -113,6 +113,8 @@ void UIPanGestureRecognizer::touchesBegan_withEvent(const TouchSet& touches, UIE
         startAnew(touches.front()->timestamp());
 }
 
+bool UIPanGestureRecognizer::isDrag() const { return std::hypot(m_translation.x, m_translation.y) >= kThreshold; }
+
 void UIPanGestureRecognizer::startAnew(NSTimeInterval time) {
     m_translation = CGPointZero;
     m_samples = {{time, CGPointZero}};
@@ -136,8 +138,7 @@ void UIPanGestureRecognizer::touchesMoved_withEvent(const TouchSet& touches, UIE
     follow(touches.front()->timestamp());
     if (isUnderWay()) {
         setState(UIGestureRecognizerStateChanged);
-    } else if (locatedTouches().size() >= m_minimumTouches &&
-               std::hypot(m_translation.x, m_translation.y) >= kThreshold) {
+    } else if (locatedTouches().size() >= m_minimumTouches && isDrag()) {
         m_hasDragged = true;
         setState(UIGestureRecognizerStateBegan);
     }

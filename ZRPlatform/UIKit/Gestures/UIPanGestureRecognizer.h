@@ -37,6 +37,8 @@ public:
 
 protected:
     const KeyTable& keyTable() const override;
+    /// Whether the way so far is a drag; asked at each move until it is. 10 points here.
+    virtual bool isDrag() const;
 
 private:
     /// The translation at a moment.

@@ -1,19 +1,28 @@
 #include <ZRPlatform/UIKit/Lists/UIScrollView.h>
 
 #include <ZRPlatform/Foundation/NSKeyValueCoding.h>
-#include <ZRPlatform/UIKit/Lists/Internal/ScrollRange.h>
+#include <ZRPlatform/UIKit/Lists/Internal/ScrollIndicators.h>
+#include <ZRPlatform/UIKit/Lists/Internal/ScrollRecognizers.h>
+#include <ZRPlatform/UIKit/Lists/Internal/Scroller.h>
 
 #include <algorithm>
 
 namespace zr {
 
-UIScrollView::UIScrollView() = default;
+UIScrollView::UIScrollView() :
+    m_scroller(std::make_unique<Scroller>(*this)), m_indicators(std::make_unique<ScrollIndicators>(*this)) {}
+
 UIScrollView::~UIScrollView() = default;
 
 bool UIScrollView::initWithFrame(CGRect frame) {
     if (!UIView::initWithFrame(frame))
         return false;
     setClipsToBounds(true);
+    m_pan = make<ScrollPan>(&ScrollPan::initWithScrollView_action, this, selector<&UIScrollView::panned>);
+    m_pan->setDelegate(this);
+    m_touchHold = make<ContentTouchHold>(&ContentTouchHold::initWithScrollView, this);
+    addGestureRecognizer(m_touchHold);
+    addGestureRecognizer(m_pan);
     return true;
 }
 
@@ -30,96 +39,139 @@ const KeyTable& UIScrollView::keyTable() const {
 
 // Content
 
-namespace {
-
-ScrollGeometry geometryOf(const UIScrollView& view) {
-    return {view.bounds().size, view.contentSize(), view.contentInset()};
-}
-
-} // namespace
-
 void UIScrollView::setContentOffset(CGPoint offset) {
     if (isFinite(offset))
         setBounds({offset, bounds().size});
 }
 
-void UIScrollView::setContentOffset_animated(CGPoint offset, bool) { setContentOffset(offset); }
+void UIScrollView::setContentOffset_animated(CGPoint offset, bool animated) {
+    if (isFinite(offset))
+        m_scroller->scrollTo(offset, animated);
+}
 
 void UIScrollView::setContentSize(CGSize size) {
-    if (!isFinite(size))
+    size = {std::max<CGFloat>(size.width, 0), std::max<CGFloat>(size.height, 0)};
+    if (!isFinite(size) || size == m_contentSize)
         return;
-    m_contentSize = {std::max<CGFloat>(size.width, 0), std::max<CGFloat>(size.height, 0)};
-    contentChanged();
+    const Ref<UIScrollView> keep = this;
+    setObservable(m_contentSize, size, "contentSize");
+    geometryChanged();
 }
 
 void UIScrollView::setContentInset(UIEdgeInsets inset) {
-    if (!isFinite(inset))
+    if (!isFinite(inset) || inset == m_contentInset)
         return;
-    m_contentInset = inset;
-    contentChanged();
+    const Ref<UIScrollView> keep = this;
+    setObservable(m_contentInset, inset, "contentInset");
+    geometryChanged();
 }
 
 void UIScrollView::scrollRectToVisible_animated(CGRect rect, bool animated) {
     if (CGRectIsFinite(rect))
-        setContentOffset_animated(offsetShowing(geometryOf(*this), contentOffset(), rect), animated);
+        setContentOffset_animated(offsetShowing(m_scroller->geometry(), contentOffset(), rect), animated);
 }
 
 void UIScrollView::setFrame(CGRect frame) {
     if (!CGRectIsFinite(frame))
         return;
+    const Ref<UIScrollView> keep = this;
     const CGSize before = bounds().size;
     UIView::setFrame(frame);
     if (!(bounds().size == before))
-        contentChanged();
+        geometryChanged();
 }
 
 void UIScrollView::setBounds(CGRect newBounds) {
     if (!CGRectIsFinite(newBounds))
         return;
+    const Ref<UIScrollView> keep = this;
     const CGRect before = bounds();
     UIView::setBounds(newBounds);
+    const bool isResized = !(bounds().size == before.size);
     if (!(bounds().origin == before.origin))
         offsetChanged(before.origin);
-    if (!(bounds().size == before.size))
-        contentChanged();
+    if (isResized)
+        geometryChanged();
 }
 
-void UIScrollView::offsetChanged(CGPoint) {
+void UIScrollView::offsetChanged(CGPoint before) {
     setNeedsLayout();
-    const Ref<UIScrollView> keep = this;
+    m_indicators->update();
+    m_scroller->offsetChanged();
+    didChangeValueForKey("contentOffset", NSValue::valueWithStructure(before));
     const Ref<NSObject> keepDelegate = m_delegate.object();
     if (UIScrollViewDelegate* told = delegate())
         told->scrollViewDidScroll(this);
 }
 
 /// Other ends: what lies beyond them is brought back.
-void UIScrollView::contentChanged() { setContentOffset(nearestRest(geometryOf(*this), contentOffset())); }
+void UIScrollView::geometryChanged() {
+    m_scroller->geometryChanged();
+    m_indicators->update();
+}
+
+void UIScrollView::willMoveToWindow(UIWindow* window) {
+    UIView::willMoveToWindow(window);
+    m_scroller->windowChanges();
+}
 
 // What a finger may do
 
-void UIScrollView::setScrollEnabled(bool enabled) { m_scrollEnabled = enabled; }
+void UIScrollView::setScrollEnabled(bool enabled) {
+    m_scrollEnabled = enabled;
+    m_pan->setEnabled(enabled);
+    m_touchHold->setEnabled(enabled);
+}
 
 void UIScrollView::setDecelerationRate(CGFloat rate) {
     if (rate > 0 && rate < 1)
         m_decelerationRate = rate;
 }
 
-UIPanGestureRecognizer* UIScrollView::panGestureRecognizer() const { return nullptr; }
-bool UIScrollView::isTracking() const { return false; }
-bool UIScrollView::isDragging() const { return false; }
-bool UIScrollView::isDecelerating() const { return false; }
+UIPanGestureRecognizer* UIScrollView::panGestureRecognizer() const { return m_pan; }
+bool UIScrollView::isTracking() const { return m_scroller->isTracking(); }
+bool UIScrollView::isDragging() const { return m_scroller->isDragging(); }
+bool UIScrollView::isDecelerating() const { return m_scroller->isDecelerating(); }
+void UIScrollView::panned(UIPanGestureRecognizer* pan) { m_scroller->panned(pan); }
 
-void UIScrollView::setDelaysContentTouches(bool delays) { m_delaysContentTouches = delays; }
+// Touches of the content
 
 bool UIScrollView::touchesShouldBegin_withEvent_inContentView(const TouchSet&, UIEvent*, UIView*) { return true; }
 bool UIScrollView::touchesShouldCancelInContentView(UIView*) { return true; }
 
+bool UIScrollView::gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) {
+    if (recognizer != m_pan)
+        return UIView::gestureRecognizerShouldBegin(recognizer);
+    const auto views = m_pan->informedViews();
+    return std::all_of(views.begin(), views.end(), [this](const Ref<UIView>& view) {
+        return m_canCancelContentTouches && touchesShouldCancelInContentView(view);
+    });
+}
+
 // Scroll indicators
 
-void UIScrollView::setShowsHorizontalScrollIndicator(bool shows) { m_showsHorizontalIndicator = shows; }
-void UIScrollView::setShowsVerticalScrollIndicator(bool shows) { m_showsVerticalIndicator = shows; }
-void UIScrollView::setScrollIndicatorInsets(UIEdgeInsets insets) { m_indicatorInsets = insets; }
-void UIScrollView::setIndicatorStyle(UIScrollViewIndicatorStyle style) { m_indicatorStyle = style; }
-void UIScrollView::flashScrollIndicators() {}
+void UIScrollView::setShowsHorizontalScrollIndicator(bool shows) {
+    m_showsHorizontalIndicator = shows;
+    m_indicators->update();
+}
+
+void UIScrollView::setShowsVerticalScrollIndicator(bool shows) {
+    m_showsVerticalIndicator = shows;
+    m_indicators->update();
+}
+
+void UIScrollView::setScrollIndicatorInsets(UIEdgeInsets insets) {
+    if (!isFinite(insets))
+        return;
+    m_indicatorInsets = insets;
+    m_indicators->update();
+}
+
+void UIScrollView::setIndicatorStyle(UIScrollViewIndicatorStyle style) {
+    m_indicatorStyle = style;
+    m_indicators->update();
+}
+
+void UIScrollView::flashScrollIndicators() { m_scroller->flashIndicators(); }
 
 } // namespace zr

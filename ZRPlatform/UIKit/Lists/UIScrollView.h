@@ -9,6 +9,11 @@
 
 namespace zr {
 
+class ContentTouchHold;
+class ScrollIndicators;
+class ScrollPan;
+class Scroller;
+
 enum UIScrollViewIndicatorStyle : NSInteger {
     UIScrollViewIndicatorStyleDefault,
     UIScrollViewIndicatorStyleBlack,
@@ -42,10 +47,10 @@ public:
     /// @{
     CGPoint contentOffset() const { return bounds().origin; }
     /// At once; inside an animation block, with its animation. What a finger or a deceleration does to the content goes
-    /// on from there.
+    /// on from there; an animated change ends there.
     virtual void setContentOffset(CGPoint offset);
     /// Stops what moves. Animated, it takes 0.3 s, and the delegate is told of the end; not so when the content is
-    /// there already, or the scroll view in no window: then it is there at once.
+    /// there already, while a finger drags it, or in no window: then it is there at once.
     virtual void setContentOffset_animated(CGPoint offset, bool animated);
     CGSize contentSize() const { return m_contentSize; }
     virtual void setContentSize(CGSize size);
@@ -107,7 +112,7 @@ public:
     /// Whether views in the scroll view are told of a touch only when it has lasted 0.15 s or ends (then of all of it),
     /// so that they hear nothing of a drag; true at first.
     bool delaysContentTouches() const { return m_delaysContentTouches; }
-    virtual void setDelaysContentTouches(bool delays);
+    virtual void setDelaysContentTouches(bool delays) { m_delaysContentTouches = delays; }
     /// Whether a drag may begin, and take the touch away, once a view in the scroll view has been told of it; true at
     /// first.
     bool canCancelContentTouches() const { return m_canCancelContentTouches; }
@@ -140,13 +145,18 @@ public:
     void setFrame(CGRect frame) override;
     /// Another origin is another content offset.
     void setBounds(CGRect bounds) override;
+    void willMoveToWindow(UIWindow* window) override;
+    bool gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) override;
 
 protected:
     const KeyTable& keyTable() const override;
 
 private:
+    friend class Scroller;
+
+    void panned(UIPanGestureRecognizer* pan);
     void offsetChanged(CGPoint before);
-    void contentChanged();
+    void geometryChanged();
 
     Delegate<UIScrollViewDelegate> m_delegate;
     CGSize m_contentSize;
@@ -165,6 +175,10 @@ private:
     bool m_canCancelContentTouches = true;
     bool m_showsHorizontalIndicator = true;
     bool m_showsVerticalIndicator = true;
+    std::unique_ptr<Scroller> m_scroller;
+    std::unique_ptr<ScrollIndicators> m_indicators;
+    Ref<ScrollPan> m_pan;
+    Ref<ContentTouchHold> m_touchHold;
 };
 
 } // namespace zr

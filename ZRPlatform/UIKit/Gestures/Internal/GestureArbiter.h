@@ -27,6 +27,8 @@ public:
     void touchIsOver(UITouch* touch, UIEvent* event);
     /// Whether recognisers follow the touch.
     bool isFollowed(const UITouch* touch) const;
+    /// Whether the touch, which recognisers follow, has been made known to its view.
+    bool isKnownToView(const UITouch* touch) const;
     /// The recognisers of the view and of those below it are withdrawn, and their touches cancelled for them.
     void viewLeaves(const UIView* view);
     /// @}

@@ -18,6 +18,8 @@ public:
     void send(bool holdsBegan, bool holdsEnded);
     /// Drops what waits. A view that knows of the touch is told that it is cancelled; from now on it is told nothing.
     void cancel();
+    /// Whether the view has been told of the touch, and not yet of its end.
+    bool isKnownToView() const { return m_viewKnows && m_touch->m_reachesView; }
     /// Whether nothing waits.
     bool isEmpty() const { return m_waiting.empty(); }
 
@@ -31,6 +33,7 @@ private:
     };
 
     void sendMoment(const Waiting& waiting);
+    static bool mayViewKnow(UITouch* touch, UIEvent* event);
 
     Ref<UITouch> m_touch;
     Ref<UIEvent> m_lastEvent;
