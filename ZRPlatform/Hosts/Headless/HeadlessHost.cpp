@@ -166,6 +166,12 @@ void HeadlessHost::tap(CGPoint point) {
     touchUp();
 }
 
+bool HeadlessHost::wheel(CGPoint point, CGPoint delta) {
+    const bool used = m_application->wheelTurned(point, delta);
+    advance(0);
+    return used;
+}
+
 // Keyboard
 
 bool HeadlessHost::typeText(const NSString& text) {

@@ -72,6 +72,8 @@ public:
     void touchCancel(int finger = 0);
     /// Down and up at once.
     void tap(CGPoint point);
+    /// Turns a wheel there: `delta` points towards the end of the content. False when nothing scrolls there.
+    bool wheel(CGPoint point, CGPoint delta);
     bool isTouching(int finger = 0) const { return m_fingers.count(finger) != 0; }
     /// @}
 

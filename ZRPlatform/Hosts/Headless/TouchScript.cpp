@@ -101,6 +101,7 @@ private:
     Action move();
     Action up();
     Action cancel();
+    Action wheel();
     Action type();
     Action key();
     Action wait();
@@ -113,7 +114,8 @@ private:
     Action fail(std::string message);
     bool hasCount(std::size_t least, std::size_t most);
     std::optional<double> number(std::size_t index, double least, double most);
-    std::optional<CGPoint> point();
+    /// From two arguments, `first` the earlier one.
+    std::optional<CGPoint> point(std::size_t first = 0);
     std::optional<NSTimeInterval> seconds(std::size_t index) { return number(index, 0, kLongestWait); }
     std::string path();
 
@@ -130,6 +132,7 @@ constexpr TouchScriptParser::Word TouchScriptParser::kWords[] = {
     {"move", &TouchScriptParser::move, "X, Y and perhaps seconds"},
     {"up", &TouchScriptParser::up, "nothing after it"},
     {"cancel", &TouchScriptParser::cancel, "nothing after it"},
+    {"wheel", &TouchScriptParser::wheel, "X, Y and how far it turns across and down"},
     {"type", &TouchScriptParser::type, "a text"},
     {"key", &TouchScriptParser::key, "the name of a key"},
     {"wait", &TouchScriptParser::wait, "seconds"},
@@ -177,9 +180,9 @@ std::optional<double> TouchScriptParser::number(std::size_t index, double least,
     return std::nullopt;
 }
 
-std::optional<CGPoint> TouchScriptParser::point() {
-    const auto x = number(0, -kFarthestPoint, kFarthestPoint);
-    const auto y = x ? number(1, -kFarthestPoint, kFarthestPoint) : std::nullopt;
+std::optional<CGPoint> TouchScriptParser::point(std::size_t first) {
+    const auto x = number(first, -kFarthestPoint, kFarthestPoint);
+    const auto y = x ? number(first + 1, -kFarthestPoint, kFarthestPoint) : std::nullopt;
     if (!y)
         return std::nullopt;
     return CGPoint{static_cast<CGFloat>(*x), static_cast<CGFloat>(*y)};
@@ -250,6 +253,16 @@ TouchScript::Action TouchScriptParser::cancel() {
             return "no finger is down";
         host.touchCancel();
         return {};
+    };
+}
+
+TouchScript::Action TouchScriptParser::wheel() {
+    const auto place = hasCount(4, 4) ? point() : std::nullopt;
+    const auto delta = place ? point(2) : std::nullopt;
+    if (!delta)
+        return {};
+    return [place = *place, delta = *delta](HeadlessHost& host) -> std::string {
+        return host.wheel(place, delta) ? "" : "nothing scrolls there";
     };
 }
 

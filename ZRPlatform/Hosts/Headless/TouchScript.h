@@ -17,6 +17,7 @@ namespace zr {
 ///     move X Y [SECONDS]       at once, or along a line while the clock advances
 ///     up
 ///     cancel
+///     wheel X Y DX DY          turns a wheel there: so many points across and down the content
 ///     type TEXT                the rest of the line, to the letter
 ///     key NAME                 return, escape, tab, backspace, delete, left, right, up, down, home, end, each with
 ///                              shift+, control+ or alt+ before it; control+a, control+c, control+v, control+x

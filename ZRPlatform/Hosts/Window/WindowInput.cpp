@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace zr {
 
@@ -9,6 +10,9 @@ namespace {
 
 /// The mouse's finger; those of touch screens count from 0.
 constexpr std::int64_t kMouseFinger = -1;
+
+/// Points that one notch of a wheel scrolls.
+constexpr float kNotch = 50;
 
 struct MappedKey {
     SDL_Keycode code;
@@ -73,6 +77,9 @@ void WindowHost::handle(const SDL_Event& event) {
     case SDL_MOUSEMOTION:
         handleMouseMotion(event.motion);
         break;
+    case SDL_MOUSEWHEEL:
+        handleMouseWheel(event.wheel);
+        break;
     case SDL_FINGERDOWN:
     case SDL_FINGERMOTION:
     case SDL_FINGERUP:
@@ -131,6 +138,17 @@ void WindowHost::handleMouseButton(const SDL_MouseButtonEvent& event) {
 void WindowHost::handleMouseMotion(const SDL_MouseMotionEvent& event) {
     if (m_isMouseDown && event.which != SDL_TOUCH_MOUSEID)
         m_application->touchMoved(kMouseFinger, m_window->pointFromWindow(event.x, event.y));
+}
+
+/// Trackpads turn by parts of a notch. The direction is the one that the desktop's settings ask for. With the shift
+/// key, a wheel that only turns up and down scrolls across.
+void WindowHost::handleMouseWheel(const SDL_MouseWheelEvent& event) {
+    int x = 0, y = 0;
+    SDL_GetMouseState(&x, &y);
+    CGPoint delta{static_cast<CGFloat>(event.preciseX * kNotch), static_cast<CGFloat>(-event.preciseY * kNotch)};
+    if (delta.x == 0 && (SDL_GetModState() & KMOD_SHIFT))
+        std::swap(delta.x, delta.y);
+    m_application->wheelTurned(m_window->pointFromWindow(x, y), delta);
 }
 
 void WindowHost::handleFinger(const SDL_TouchFingerEvent& event) {

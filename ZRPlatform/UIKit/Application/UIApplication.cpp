@@ -5,6 +5,7 @@
 #include <ZRPlatform/UIKit/Controllers/UIViewController.h>
 #include <ZRPlatform/UIKit/Events/Internal/TouchDispatcher.h>
 #include <ZRPlatform/UIKit/Gestures/Internal/GestureArbiter.h>
+#include <ZRPlatform/UIKit/Lists/Internal/ScrollInput.h>
 
 #include <algorithm>
 #include <cmath>
@@ -156,8 +157,21 @@ void UIApplication::touchBegan(std::int64_t identifier, CGPoint location) {
 }
 
 void UIApplication::touchMoved(std::int64_t identifier, CGPoint location) { m_touches->moved(identifier, location); }
-void UIApplication::touchEnded(std::int64_t identifier, CGPoint location) { m_touches->ended(identifier, location); }
+
+void UIApplication::touchEnded(std::int64_t identifier, CGPoint location) {
+    const auto finger = m_touches->finger(identifier);
+    const bool isStatusBarTouched = finger && isStatusBarTap(finger->touch, finger->start, location);
+    m_touches->ended(identifier, location);
+    if (isStatusBarTouched)
+        statusBarTapped();
+}
+
 void UIApplication::touchCancelled(std::int64_t identifier) { m_touches->cancelled(identifier); }
+
+bool UIApplication::wheelTurned(CGPoint location, CGPoint delta) {
+    return m_ignoringInteractionEvents == 0 && turnWheelOver(TouchDispatcher::viewAt(location, m_windows), delta);
+}
+
 void UIApplication::cancelTouchesInView(UIView* view) { m_touches->cancelTouchesInView(view); }
 
 void UIApplication::viewLeavesWindow(UIView* view) {

@@ -16,6 +16,7 @@ namespace zr {
 
 class GestureArbiter;
 class TouchDispatcher;
+class UITouch;
 
 inline constexpr const char* UIApplicationDidFinishLaunchingNotification =
     "UIApplicationDidFinishLaunchingNotification";
@@ -70,8 +71,9 @@ public:
 
     /// @name Status bar
     /// The uppermost 20 points of the screen in every orientation. The platform draws nothing there: style and hiding
-    /// are for those who lay out and paint below it. What a controller wishes counts from when its wish changes or the
-    /// controller comes to the front; what is set here, from when it is set.
+    /// are for those who lay out and paint below it. A tap there goes to what lies below, and if that is no control, it
+    /// brings the content of the one scroll view that `scrollsToTop` back to its beginning. What a controller wishes
+    /// counts from when its wish changes or the controller comes to the front; what is set here, from when it is set.
     /// @{
     /// In points of the screen; the zero rectangle while it is hidden.
     CGRect statusBarFrame() const;
@@ -102,6 +104,9 @@ public:
     void touchMoved(std::int64_t identifier, CGPoint location);
     void touchEnded(std::int64_t identifier, CGPoint location);
     void touchCancelled(std::int64_t identifier);
+    /// A wheel, or two fingers on a trackpad, over that place: what scrolls there does so by `delta` points, positive
+    /// ones towards the end of its content. False when nothing does.
+    bool wheelTurned(CGPoint location, CGPoint delta);
     /// Typed text, to the first responder. False when nobody takes text.
     bool insertText(const NSString& text);
     bool setMarkedText_selectedRange(const NSString& text, NSRange range);
@@ -132,6 +137,8 @@ private:
     void rotateTo(UIInterfaceOrientation orientation);
     void rotateToDeviceOrientation();
     void takeStatusBarWish();
+    bool isStatusBarTap(const UITouch* touch, CGPoint start, CGPoint end) const;
+    void statusBarTapped();
     void emptyWindows();
     void windowShown(UIWindow* window);
     void windowHidden(UIWindow* window);

@@ -4,6 +4,8 @@
 #include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
 #include <ZRPlatform/UIKit/Controllers/Internal/ChangeQueue.h>
 #include <ZRPlatform/UIKit/Controllers/UIViewController.h>
+#include <ZRPlatform/UIKit/Controls/UIControl.h>
+#include <ZRPlatform/UIKit/Lists/Internal/ScrollInput.h>
 
 #include <algorithm>
 
@@ -117,6 +119,26 @@ void UIApplication::setStatusBarHidden_withAnimation(bool hidden, UIStatusBarAni
         tell();
     else
         UIView::animateWithDuration_animations(kStatusBarDuration, tell);
+}
+
+/// Whether the touch is none of a control's, nor of a window's that lies above the status bar.
+bool UIApplication::isStatusBarTap(const UITouch* touch, CGPoint start, CGPoint end) const {
+    const CGRect bar = statusBarFrame();
+    if (touch->tapCount() == 0 || !CGRectContainsPoint(bar, start) || !CGRectContainsPoint(bar, end))
+        return false;
+    if (touch->window() && touch->window()->windowLevel() >= UIWindowLevelStatusBar)
+        return false;
+    for (const UIView* view = touch->view(); view; view = view->superview()) {
+        if (view->isKindOfClass<UIControl>())
+            return false;
+    }
+    return true;
+}
+
+void UIApplication::statusBarTapped() {
+    std::vector<UIWindow*> below = m_windows;
+    std::erase_if(below, [](const UIWindow* window) { return window->windowLevel() >= UIWindowLevelStatusBar; });
+    scrollToTopInWindows(below);
 }
 
 /// What the controller in front of the lowest window that has one wishes counts, if it is not what was wished last.

@@ -37,21 +37,39 @@ bool TouchDispatcher::hasFinger(const UIView* view) const {
     });
 }
 
+UIView* TouchDispatcher::viewAt(CGPoint location, const std::vector<UIWindow*>& windows, UIWindow** window) {
+    for (auto candidate = windows.rbegin(); candidate != windows.rend(); ++candidate) {
+        const CGPoint inWindow = (*candidate)->layer()->convertPoint_fromLayer(location, nullptr);
+        UIView* hit = (*candidate)->hitTest_withEvent(inWindow, nullptr);
+        if (!hit)
+            continue;
+        if (window)
+            *window = *candidate;
+        return hit;
+    }
+    return nullptr;
+}
+
+std::optional<TouchDispatcher::Finger> TouchDispatcher::finger(std::int64_t identifier) const {
+    const auto found = m_fingers.find(identifier);
+    if (found == m_fingers.end())
+        return std::nullopt;
+    return Finger{found->second, m_starts.at(identifier)};
+}
+
 void TouchDispatcher::began(std::int64_t identifier, CGPoint location, const std::vector<UIWindow*>& windows) {
     cancelled(identifier);
     auto touch = make<UITouch>();
-    for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
-        const CGPoint inWindow = (*window)->layer()->convertPoint_fromLayer(location, nullptr);
-        UIView* hit = (*window)->hitTest_withEvent(inWindow, nullptr);
-        if (!hit)
-            continue;
-        touch->m_window = *window;
-        touch->m_now.location = touch->m_now.previousLocation = inWindow;
-        if (isShutOut(hit))
-            break;
+    UIWindow* window = nullptr;
+    UIView* hit = viewAt(location, windows, &window);
+    if (hit) {
+        touch->m_window = window;
+        touch->m_now.location = touch->m_now.previousLocation =
+            window->layer()->convertPoint_fromLayer(location, nullptr);
+    }
+    if (hit && !isShutOut(hit)) {
         touch->m_view = hit;
         touch->m_reachesView = hit->isMultipleTouchEnabled() || !hasFinger(hit);
-        break;
     }
     const bool again = CACurrentMediaTime() - m_lastTap.time <= kMultipleTapInterval && m_lastTap.count > 0 &&
                        distance(location, m_lastTap.location) <= kMultipleTapDistance;

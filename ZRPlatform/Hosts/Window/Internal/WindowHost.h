@@ -42,6 +42,7 @@ private:
     void handleWindow(const SDL_WindowEvent& event);
     void handleMouseButton(const SDL_MouseButtonEvent& event);
     void handleMouseMotion(const SDL_MouseMotionEvent& event);
+    void handleMouseWheel(const SDL_MouseWheelEvent& event);
     void handleFinger(const SDL_TouchFingerEvent& event);
     void handleKey(const SDL_Keysym& key);
     void handleMarkedText(const char* text, int cursor, int length);

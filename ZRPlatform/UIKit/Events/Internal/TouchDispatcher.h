@@ -3,6 +3,7 @@
 #include <ZRPlatform/UIKit/Events/UIEvent.h>
 
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace zr {
@@ -24,6 +25,15 @@ public:
     /// The touches of the view and of those below it end as cancelled, for these views and for their recognisers. A
     /// finger that a recogniser further up follows is followed on; the others are not.
     void cancelTouchesInView(const UIView* view);
+
+    /// A finger that is down, and where it went down, in points of the screen.
+    struct Finger {
+        Ref<UITouch> touch;
+        CGPoint start;
+    };
+    std::optional<Finger> finger(std::int64_t identifier) const;
+    /// The one that a finger there would touch, and its window; null for both when there is none.
+    static UIView* viewAt(CGPoint location, const std::vector<UIWindow*>& windows, UIWindow** window = nullptr);
 
 private:
     /// The end of the last tap, to tell a double tap by.
