@@ -14,6 +14,13 @@ constexpr CGFloat kNoteSpace = 10;
 
 } // namespace
 
+bool RowList::initWithFrame(CGRect frame) {
+    if (!UIScrollView::initWithFrame(frame))
+        return false;
+    setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+    return true;
+}
+
 void RowList::addHeading(const NSString& heading) {
     const CGFloat width = bounds().size.width;
     m_nextY += m_nextY == 0 ? kFirstSectionSpace : kSectionSpace;
@@ -36,9 +43,9 @@ void RowList::addNote(const NSString& note) {
 void RowList::place(UIView* view, CGFloat spaceAfter) {
     view->setFrame(CGRectOffset(view->frame(), 0, m_nextY));
     view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
-    content()->addSubview(view);
+    addSubview(view);
     m_nextY += view->frame().size.height + spaceAfter;
-    setContentHeight(m_nextY + kSectionSpace);
+    setContentSize(CGSizeMake(0, m_nextY + kSectionSpace));
 }
 
 } // namespace zr::gallery

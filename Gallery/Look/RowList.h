@@ -1,12 +1,14 @@
 #pragma once
 
-#include <Gallery/Look/ScrollBox.h>
+#include <ZRPlatform/UIKit/Lists/UIScrollView.h>
 
 namespace zr::gallery {
 
 /// Rows of full width in sections, each below a heading.
-class RowList : public ScrollBox {
+class RowList : public UIScrollView {
 public:
+    bool initWithFrame(CGRect frame) override;
+
     /// Begins a section.
     void addHeading(const NSString& heading);
     /// Takes the row's height.

@@ -20,8 +20,6 @@ bool PageView::initWithFrame_screen(CGRect frame, ZRTViewController* screen) {
     if (!initWithFrame(frame))
         return false;
     m_screen = screen;
-    m_scrollBox = make<ScrollBox>(&ScrollBox::initWithFrame, bounds());
-    addSubview(m_scrollBox);
     m_nextY = 20;
     return true;
 }
@@ -103,9 +101,9 @@ void PageView::place(UIView* view, CGFloat height, CGFloat spaceAfter) {
     view->setFrame(CGRectMake(Look::kMargin, m_nextY, contentWidth(), height));
     // The column stays as wide as it was made, in the middle of a screen that turns.
     view->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin);
-    m_scrollBox->content()->addSubview(view);
+    addSubview(view);
     m_nextY += height + spaceAfter;
-    m_scrollBox->setContentHeight(m_nextY);
+    setContentSize(CGSizeMake(0, m_nextY));
 }
 
 } // namespace zr::gallery

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <Gallery/Look/ScrollBox.h>
 #include <Gallery/Pages/Page.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
+#include <ZRPlatform/UIKit/Lists/UIScrollView.h>
 #include <ZRPlatform/UIKit/Views/UILabel.h>
 
 namespace zr::gallery {
@@ -14,7 +14,7 @@ struct PageButton {
 
 /// The contents of a page, in a column that scrolls: the description and whatever the page's `build` adds, one below
 /// the other, and a log of what the component reported.
-class PageView : public UIView {
+class PageView : public UIScrollView {
 public:
     /// `screen`: whose view it is in; not kept.
     bool initWithFrame_screen(CGRect frame, ZRTViewController* screen);
@@ -52,7 +52,6 @@ private:
     void place(UIView* view, CGFloat height, CGFloat spaceAfter);
 
     Weak<ZRTViewController> m_screen;
-    Ref<ScrollBox> m_scrollBox;
     Ref<UILabel> m_logLabel;
     std::vector<NSString> m_logLines;
     std::vector<Ref<NSObject>> m_kept;
