@@ -4,6 +4,8 @@
 #include <ZRPlatform/Foundation/Clock.h>
 #include <ZRPlatform/Foundation/NSBundle.h>
 #include <ZRPlatform/Foundation/NSDate.h>
+#include <ZRPlatform/Foundation/NSIndexPath.h>
+#include <ZRPlatform/Foundation/NSIndexSet.h>
 #include <ZRPlatform/Foundation/NSKeyValueCoding.h>
 #include <ZRPlatform/Foundation/NSLog.h>
 #include <ZRPlatform/Foundation/NSNotificationCenter.h>
