@@ -34,6 +34,12 @@
 #include <ZRPlatform/UIKit/Images/UIImage.h>
 #include <ZRPlatform/UIKit/Lists/UIScrollView.h>
 #include <ZRPlatform/UIKit/Lists/UIScrollViewDelegate.h>
+#include <ZRPlatform/UIKit/Lists/UITableView.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewCell.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewDataSource.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewDelegate.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewHeaderFooterView.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewRowAnimation.h>
 #include <ZRPlatform/UIKit/Text/NSString+Drawing.h>
 #include <ZRPlatform/UIKit/Text/NSText.h>
 #include <ZRPlatform/UIKit/Text/UIFont.h>

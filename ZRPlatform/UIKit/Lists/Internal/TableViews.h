@@ -1,0 +1,66 @@
+#pragma once
+
+#include <ZRPlatform/UIKit/Lists/Internal/ReuseQueue.h>
+#include <ZRPlatform/UIKit/Lists/UITableView.h>
+
+#include <algorithm>
+
+namespace zr {
+
+/// The views of a table that exist now: those in sight, those on their way out, and those that wait to be used again.
+struct TableViews {
+    struct Row {
+        NSIndexPath path;
+        Ref<UITableViewCell> cell;
+    };
+    struct Edge {
+        NSInteger section;
+        Ref<UIView> view;
+    };
+    struct Departing {
+        Ref<UIView> view;
+        /// The change that it belongs to.
+        unsigned group;
+        std::function<void()> retire;
+    };
+    using Rows = std::vector<Row>;
+    using Edges = std::vector<Edge>;
+
+    /// In sight, in order.
+    Rows rows;
+    Edges headers;
+    Edges footers;
+    std::vector<Departing> departing;
+    unsigned lastGroup = 0;
+    ReuseQueue<UITableViewCell> cells;
+    ReuseQueue<UITableViewHeaderFooterView> headerFooterViews;
+
+    Rows::iterator rowsFrom(const NSIndexPath& path) {
+        return std::lower_bound(rows.begin(), rows.end(), path,
+                                [](const Row& row, const NSIndexPath& other) { return row.path < other; });
+    }
+    /// Nil when the row is out of sight.
+    UITableViewCell* cellAt(const NSIndexPath& path) {
+        const auto found = rowsFrom(path);
+        return found != rows.end() && found->path == path ? found->cell.get() : nullptr;
+    }
+    const Row* rowOf(const UIView* cell) const {
+        const auto found =
+            std::find_if(rows.begin(), rows.end(), [cell](const Row& row) { return row.cell.get() == cell; });
+        return found == rows.end() ? nullptr : &*found;
+    }
+    static Edges::iterator edgesFrom(Edges& edges, NSInteger section) {
+        return std::lower_bound(edges.begin(), edges.end(), section,
+                                [](const Edge& edge, NSInteger other) { return edge.section < other; });
+    }
+    static UIView* edgeAt(Edges& edges, NSInteger section) {
+        const auto found = edgesFrom(edges, section);
+        return found != edges.end() && found->section == section ? found->view.get() : nullptr;
+    }
+    /// Whether it was; it is then nobody's.
+    bool takeFromDeparting(const UIView* view) {
+        return std::erase_if(departing, [view](const Departing& each) { return each.view.get() == view; }) > 0;
+    }
+};
+
+} // namespace zr

@@ -1,0 +1,190 @@
+// What the data source and the delegate say about counts and heights.
+
+#include <ZRPlatform/Foundation/NSLog.h>
+#include <ZRPlatform/UIKit/Lists/Internal/RowSelection.h>
+#include <ZRPlatform/UIKit/Lists/Internal/SectionGeometry.h>
+#include <ZRPlatform/UIKit/Lists/Internal/TableViews.h>
+
+#include <cmath>
+
+namespace zr {
+
+namespace {
+
+constexpr NSInteger kMostSections = 1'000'000;
+constexpr NSInteger kMostRows = 100'000'000;
+constexpr CGFloat kTallestRow = 1'000'000;
+/// Half a point is a pixel.
+constexpr CGFloat kLowestRow = 0.5;
+
+/// What a grouped section's header or footer has on top of its plain height.
+constexpr CGFloat kGroupedTitle = 20;
+constexpr CGFloat kAboveFirstGroup = 17;
+
+} // namespace
+
+UITableView::Asked<UITableViewDataSource> UITableView::askedSource() const {
+    return {m_dataSource.object(), m_dataSource};
+}
+
+UITableView::Asked<UITableViewDelegate> UITableView::askedDelegate() const {
+    return {m_scrollDelegate.object(), delegate()};
+}
+
+void UITableView::setNeedsLoad() {
+    m_needsLoad = true;
+    setNeedsLayout();
+}
+
+void UITableView::loadIfNeeded() {
+    if (m_needsLoad && !m_isLoading)
+        load();
+}
+
+void UITableView::reloadData() {
+    if (!m_isLoading)
+        load();
+}
+
+void UITableView::load() {
+    const Ref<UITableView> keep = this;
+    m_isLoading = true;
+    SectionGeometry geometry = askForGeometry(askForCounts());
+    m_isLoading = false;
+    m_needsLoad = false;
+    ++m_generation;
+    *m_geometry = std::move(geometry);
+    m_selection->clear();
+    retireAll();
+    updateContentSize();
+    setNeedsLayout();
+}
+
+UITableView::Counts UITableView::askForCounts() {
+    m_isCut = false;
+    const auto source = askedSource();
+    if (!source)
+        return {};
+    const NSInteger sections = std::max<NSInteger>(source->numberOfSectionsInTableView(this), 0);
+    Counts counts;
+    NSInteger rowsLeft = kMostRows;
+    for (NSInteger section = 0; section < std::min(sections, kMostSections); ++section) {
+        const NSInteger rows = std::max<NSInteger>(source->tableView_numberOfRowsInSection(this, section), 0);
+        counts.push_back(std::min(rows, rowsLeft));
+        m_isCut = m_isCut || rows > rowsLeft;
+        rowsLeft -= counts.back();
+    }
+    m_isCut = m_isCut || sections > kMostSections;
+    if (m_isCut)
+        NSLog("a table view ends after %td sections and %td rows; its data source has more", kMostSections, kMostRows);
+    return counts;
+}
+
+/// Whether the delegate overrides what `question` asks for.
+template <class Question>
+bool UITableView::isAnswered(const Question& question) {
+    m_wasAnswered = true;
+    question();
+    return m_wasAnswered;
+}
+
+SectionGeometry UITableView::askForGeometry(const Counts& counts) {
+    SectionGeometry geometry(m_tableHeaderView ? m_tableHeaderView->bounds().size.height : 0);
+    const auto asked = askedDelegate();
+    m_givesHeaderViews.reset();
+    m_givesFooterViews.reset();
+    m_badHeights = 0;
+    const auto heightOfRow = [&](NSInteger row, NSInteger section) {
+        const NSIndexPath path = NSIndexPath::indexPathForRow_inSection(row, section);
+        return usableHeight(asked->tableView_heightForRowAtIndexPath(this, path), m_rowHeight);
+    };
+    const auto firstWithRows = std::find_if(counts.begin(), counts.end(), [](NSInteger count) { return count > 0; });
+    const bool givesRowHeights =
+        asked && firstWithRows != counts.end() && isAnswered([&] { heightOfRow(0, firstWithRows - counts.begin()); });
+
+    for (NSInteger section = 0; section < static_cast<NSInteger>(counts.size()); ++section) {
+        const NSInteger count = counts[static_cast<std::size_t>(section)];
+        SectionHeights heights;
+        heights.header = askForEdgeHeight(Edge::Header, section);
+        heights.footer = askForEdgeHeight(Edge::Footer, section);
+        heights.rows = givesRowHeights ? RowHeights(count, [&](NSInteger row) { return heightOfRow(row, section); })
+                                       : RowHeights(count, m_rowHeight);
+        geometry.append(std::move(heights));
+    }
+    return geometry;
+}
+
+CGFloat UITableView::usableHeight(CGFloat height, CGFloat otherwise) {
+    if (!std::isfinite(height) || height < 0) {
+        if (height != UITableViewAutomaticDimension && m_badHeights++ == 0)
+            NSLog("a table view was given %f as a height; it takes %f, and so for all that are none",
+                  static_cast<double>(height), static_cast<double>(otherwise));
+        return otherwise;
+    }
+    return height < kLowestRow ? 0 : std::min(height, kTallestRow);
+}
+
+CGFloat UITableView::askForEdgeHeight(Edge edge, NSInteger section) {
+    CGFloat height = UITableViewAutomaticDimension;
+    if (const auto asked = askedDelegate())
+        height = edge == Edge::Header ? asked->tableView_heightForHeaderInSection(this, section)
+                                      : asked->tableView_heightForFooterInSection(this, section);
+    if (height >= 0 && std::isfinite(height))
+        return usableHeight(height, 0);
+    return usableHeight(height, automaticEdgeHeight(edge, section));
+}
+
+CGFloat UITableView::automaticEdgeHeight(Edge edge, NSInteger section) {
+    const CGFloat plain = edge == Edge::Header ? m_sectionHeaderHeight : m_sectionFooterHeight;
+    const bool hasTitle = askForTitle(edge, section).length() > 0;
+    if (m_style == UITableViewStyleGrouped)
+        return plain + (hasTitle ? kGroupedTitle : 0) + (edge == Edge::Header && section == 0 ? kAboveFirstGroup : 0);
+    return hasTitle || givesViews(edge, section) ? plain : 0;
+}
+
+/// A section may have a view that nobody has asked for yet. Whether the delegate gives any is found out with the first
+/// section that matters; the view is kept for later.
+bool UITableView::givesViews(Edge edge, NSInteger section) {
+    std::optional<bool>& gives = edge == Edge::Header ? m_givesHeaderViews : m_givesFooterViews;
+    if (!gives)
+        gives = delegate() && isAnswered([&] { recycle(askForEdgeView(edge, section)); });
+    return *gives;
+}
+
+NSString UITableView::askForTitle(Edge edge, NSInteger section) {
+    const auto source = askedSource();
+    if (!source)
+        return nullptr;
+    return edge == Edge::Header ? source->tableView_titleForHeaderInSection(this, section)
+                                : source->tableView_titleForFooterInSection(this, section);
+}
+
+void UITableView::updateContentSize() {
+    const CGFloat footer = m_tableFooterView ? m_tableFooterView->bounds().size.height : 0;
+    setContentSize({bounds().size.width, m_geometry->all().bottom() + footer});
+}
+
+bool UITableView::countStillHolds(NSInteger section) {
+    const auto source = askedSource();
+    if (m_isCut)
+        return true;
+    const NSInteger sections = source ? source->numberOfSectionsInTableView(this) : 0;
+    if (sections != numberOfSections()) {
+        reloadBecause(
+            NSString::stringWithFormat("there were %td sections and now there are %td", numberOfSections(), sections));
+        return false;
+    }
+    const NSInteger rows = source->tableView_numberOfRowsInSection(this, section);
+    if (rows == numberOfRowsInSection(section))
+        return true;
+    reloadBecause(NSString::stringWithFormat("section %td had %td rows and now has %td", section,
+                                             numberOfRowsInSection(section), rows));
+    return false;
+}
+
+void UITableView::reloadBecause(const NSString& problem) {
+    NSLog("a table view's list is not what it was told: %s; loading it anew", problem.UTF8String());
+    reloadData();
+}
+
+} // namespace zr

@@ -1,0 +1,366 @@
+#pragma once
+
+#include <ZRPlatform/Foundation/NSIndexSet.h>
+#include <ZRPlatform/UIKit/Lists/UIScrollView.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewCell.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewDataSource.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewDelegate.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewHeaderFooterView.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewRowAnimation.h>
+
+#include <memory>
+
+namespace zr {
+
+class RowChanges;
+class RowSelection;
+class SectionGeometry;
+struct Extent;
+struct TableViews;
+
+enum UITableViewStyle : NSInteger {
+    /// Headers and footers stay in sight for as long as rows of their section do.
+    UITableViewStylePlain,
+    /// Sections are set apart, on a grey background.
+    UITableViewStyleGrouped,
+};
+
+enum UITableViewScrollPosition : NSInteger {
+    /// As little as it takes for the row to be seen whole.
+    UITableViewScrollPositionNone,
+    UITableViewScrollPositionTop,
+    UITableViewScrollPositionMiddle,
+    UITableViewScrollPositionBottom,
+};
+
+enum UITableViewCellSeparatorStyle : NSInteger {
+    UITableViewCellSeparatorStyleNone,
+    UITableViewCellSeparatorStyleSingleLine,
+    UITableViewCellSeparatorStyleSingleLineEtched,
+};
+
+/// A list of rows in sections, which scrolls. Only the rows in sight have cells, which are used again for others: what
+/// a list costs does not depend on its length, except that heights that differ take 8 bytes a row.
+///
+/// The table knows the data source's counts and the heights, and works with these until it is told of a change:
+/// `reloadData`, or insertions, deletions and so on. It loads itself when it first needs to know.
+///
+/// What is wrong is logged and comes to no harm:
+/// - Changes that do not add up to the data source's new counts, or name rows that are not there, become a
+/// `reloadData`;
+///   and so does a count found to have changed without a word when a row of that section comes into sight.
+/// - A row for which the data source gives no cell, or one that shows another row, gets an empty one.
+/// - A height that is negative or not finite is the table's own; one below half a point is 0, one above a million
+/// points
+///   a million. Rows without height have no cells.
+/// - A negative count is 0; the list ends with the hundred-millionth row, and with the millionth section.
+/// - Index paths of rows that are not there give nil and zero rectangles, and are ignored in calls.
+/// - A cell that somebody takes out of the table is replaced.
+class UITableView : public UIScrollView {
+public:
+    UITableView();
+    ~UITableView() override;
+    virtual bool initWithFrame_style(CGRect frame, UITableViewStyle style);
+    /// Of the plain style.
+    bool initWithFrame(CGRect frame) override;
+
+    UITableViewStyle style() const { return m_style; }
+    UITableViewDataSource* dataSource() const { return m_dataSource; }
+    /// Another one means loading anew.
+    virtual void setDataSource(const Delegate<UITableViewDataSource>& dataSource);
+    /// Nil also when the delegate follows the scrolling only.
+    UITableViewDelegate* delegate() const;
+    /// Should be a `UITableViewDelegate` to be asked about rows. Another one means loading anew.
+    void setDelegate(const Delegate<UIScrollViewDelegate>& delegate) override;
+
+    /// @name Content
+    /// @{
+    /// Asks for all counts and heights, now; cells are made anew at the next layout. Nothing is selected afterwards.
+    virtual void reloadData();
+    NSInteger numberOfSections();
+    /// 0 for a section that is not there.
+    NSInteger numberOfRowsInSection(NSInteger section);
+    /// Above the first section and below the last one, as wide as the table; their heights are theirs. Setting the view
+    /// again takes over another height.
+    UIView* tableHeaderView() const { return m_tableHeaderView; }
+    virtual void setTableHeaderView(UIView* view);
+    UIView* tableFooterView() const { return m_tableFooterView; }
+    virtual void setTableFooterView(UIView* view);
+    /// Behind the rows, as large as the table; it does not scroll.
+    UIView* backgroundView() const { return m_backgroundView; }
+    virtual void setBackgroundView(UIView* view);
+    /// @}
+
+    /// @name Heights, in points
+    /// Where the delegate gives none. Numbers that are not finite, or negative, are ignored.
+    /// @{
+    /// 44 at first.
+    CGFloat rowHeight() const { return m_rowHeight; }
+    virtual void setRowHeight(CGFloat height);
+    /// Of a plain section with a header: 28 at first. Of every grouped section: 18 at first, or 38 with a title; 17
+    /// more for the first one.
+    CGFloat sectionHeaderHeight() const { return m_sectionHeaderHeight; }
+    virtual void setSectionHeaderHeight(CGFloat height);
+    /// The same, but for the first one.
+    CGFloat sectionFooterHeight() const { return m_sectionFooterHeight; }
+    virtual void setSectionFooterHeight(CGFloat height);
+    /// @}
+
+    /// @name Cells
+    /// @{
+    /// One that is out of sight now, made ready, or a new one of the registered class; nil when there is neither.
+    Ref<UITableViewCell> dequeueReusableCellWithIdentifier(const NSString& identifier);
+    /// The same, in the size of the row. Never nil: with neither it is logged, and a plain cell is made.
+    Ref<UITableViewCell> dequeueReusableCellWithIdentifier_forIndexPath(const NSString& identifier,
+                                                                        const NSIndexPath& indexPath);
+    /// `registerClass_forCellReuseIdentifier<MyCell>("row")`. Cells are of the default style, unless the class's
+    /// initialiser chooses another one.
+    template <class Cell>
+    void registerClass_forCellReuseIdentifier(const NSString& identifier) {
+        registerCellMaker(identifier, [](const NSString& reuseIdentifier) -> Ref<UITableViewCell> {
+            return make<Cell>(&UITableViewCell::initWithStyle_reuseIdentifier, UITableViewCellStyleDefault,
+                              reuseIdentifier);
+        });
+    }
+    Ref<UITableViewHeaderFooterView> dequeueReusableHeaderFooterViewWithIdentifier(const NSString& identifier);
+    template <class View>
+    void registerClass_forHeaderFooterViewReuseIdentifier(const NSString& identifier) {
+        registerHeaderFooterMaker(identifier, [](const NSString& reuseIdentifier) -> Ref<UITableViewHeaderFooterView> {
+            return make<View>(&UITableViewHeaderFooterView::initWithReuseIdentifier, reuseIdentifier);
+        });
+    }
+    /// @}
+
+    /// @name What is where
+    /// Rectangles are in the table's coordinates: headers and footers where they are when they do not stick.
+    /// @{
+    CGRect rectForSection(NSInteger section);
+    CGRect rectForHeaderInSection(NSInteger section);
+    CGRect rectForFooterInSection(NSInteger section);
+    CGRect rectForRowAtIndexPath(const NSIndexPath& indexPath);
+    /// Nil where there is no row.
+    NSIndexPath indexPathForRowAtPoint(CGPoint point);
+    std::vector<NSIndexPath> indexPathsForRowsInRect(CGRect rect);
+    /// Of rows in sight; of others nil. Those in sight are as of the last layout, in order.
+    /// @{
+    NSIndexPath indexPathForCell(const UITableViewCell* cell) const;
+    UITableViewCell* cellForRowAtIndexPath(const NSIndexPath& indexPath) const;
+    std::vector<Ref<UITableViewCell>> visibleCells() const;
+    std::vector<NSIndexPath> indexPathsForVisibleRows() const;
+    UIView* headerViewForSection(NSInteger section) const;
+    UIView* footerViewForSection(NSInteger section) const;
+    /// @}
+    /// Top is below a header that sticks. Not beyond the ends of the content.
+    virtual void scrollToRowAtIndexPath_atScrollPosition_animated(const NSIndexPath& indexPath,
+                                                                  UITableViewScrollPosition position, bool animated);
+    void scrollToNearestSelectedRowAtScrollPosition_animated(UITableViewScrollPosition position, bool animated);
+    /// @}
+
+    /// @name Selection
+    /// A row that is touched is highlighted, and selected when the finger goes up inside it. Selected rows keep their
+    /// selection wherever changes move them.
+    /// @{
+    bool allowsSelection() const { return m_allowsSelection; }
+    virtual void setAllowsSelection(bool allows) { m_allowsSelection = allows; }
+    bool allowsMultipleSelection() const { return m_allowsMultipleSelection; }
+    virtual void setAllowsMultipleSelection(bool allows) { m_allowsMultipleSelection = allows; }
+    /// Instead of the other two while the table is editing; both false at first.
+    bool allowsSelectionDuringEditing() const { return m_allowsSelectionDuringEditing; }
+    virtual void setAllowsSelectionDuringEditing(bool allows) { m_allowsSelectionDuringEditing = allows; }
+    bool allowsMultipleSelectionDuringEditing() const { return m_allowsMultipleSelectionDuringEditing; }
+    virtual void setAllowsMultipleSelectionDuringEditing(bool allows) {
+        m_allowsMultipleSelectionDuringEditing = allows;
+    }
+    /// The first one; nil when there is none.
+    NSIndexPath indexPathForSelectedRow() const;
+    std::vector<NSIndexPath> indexPathsForSelectedRows() const;
+    /// Instead of the one selected before, unless several may be. Nil deselects all. Position none does not scroll.
+    virtual void selectRowAtIndexPath_animated_scrollPosition(const NSIndexPath& indexPath, bool animated,
+                                                              UITableViewScrollPosition position);
+    virtual void deselectRowAtIndexPath_animated(const NSIndexPath& indexPath, bool animated);
+    /// @}
+
+    /// @name Changes
+    /// What goes is named by its place before the changes, what comes by its place after them. Changes between begin
+    /// and end are one change, in which their order does not matter; the data source must have all of them when the
+    /// last end is called. Cells move to their new places in 0.3 s, heights are asked for again, and what is selected
+    /// stays so. Without a window, or when all animations are none, all is done at once.
+    /// @{
+    virtual void beginUpdates();
+    virtual void endUpdates();
+    virtual void insertRowsAtIndexPaths_withRowAnimation(const std::vector<NSIndexPath>& indexPaths,
+                                                         UITableViewRowAnimation animation);
+    virtual void deleteRowsAtIndexPaths_withRowAnimation(const std::vector<NSIndexPath>& indexPaths,
+                                                         UITableViewRowAnimation animation);
+    /// Asks for new cells.
+    virtual void reloadRowsAtIndexPaths_withRowAnimation(const std::vector<NSIndexPath>& indexPaths,
+                                                         UITableViewRowAnimation animation);
+    virtual void moveRowAtIndexPath_toIndexPath(const NSIndexPath& indexPath, const NSIndexPath& newIndexPath);
+    virtual void insertSections_withRowAnimation(const NSIndexSet& sections, UITableViewRowAnimation animation);
+    virtual void deleteSections_withRowAnimation(const NSIndexSet& sections, UITableViewRowAnimation animation);
+    /// All of the sections, headers and numbers of rows too; what is selected in them is no more.
+    virtual void reloadSections_withRowAnimation(const NSIndexSet& sections, UITableViewRowAnimation animation);
+    virtual void moveSection_toSection(NSInteger section, NSInteger newSection);
+    /// @}
+
+    /// @name Editing
+    /// A flag, which cells are given too; the table itself offers no controls for editing.
+    /// @{
+    bool isEditing() const { return m_editing; }
+    void setEditing(bool editing) { setEditing_animated(editing, false); }
+    virtual void setEditing_animated(bool editing, bool animated);
+    /// @}
+
+    /// @name Separators
+    /// Hairlines at the lower edges of rows; around a grouped section they go from side to side.
+    /// @{
+    UITableViewCellSeparatorStyle separatorStyle() const { return m_separatorStyle; }
+    /// A single line at first; etched lines look the same.
+    virtual void setSeparatorStyle(UITableViewCellSeparatorStyle style);
+    /// Light grey at first, and for nil.
+    UIColor* separatorColor() const { return m_separatorColor; }
+    virtual void setSeparatorColor(UIColor* color);
+    /// 15 points at the left at first. Only left and right count.
+    UIEdgeInsets separatorInset() const { return m_separatorInset; }
+    virtual void setSeparatorInset(UIEdgeInsets inset);
+    /// @}
+
+    void setContentInset(UIEdgeInsets inset) override;
+    void layoutSubviews() override;
+    void willRemoveSubview(UIView* view) override;
+    void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
+    void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) override;
+    void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) override;
+    void touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event) override;
+
+protected:
+    const KeyTable& keyTable() const override;
+
+private:
+    friend class UITableViewCell;
+    friend class UITableViewDelegate;
+    class Update;
+
+    /// An object that is asked, kept for as long as that takes.
+    template <class Protocol>
+    struct Asked {
+        Ref<NSObject> kept;
+        Protocol* object = nullptr;
+        Protocol* operator->() const { return object; }
+        explicit operator bool() const { return object != nullptr; }
+    };
+    enum class Edge { Header, Footer };
+    using Counts = std::vector<NSInteger>;
+    using CellMaker = std::function<Ref<UITableViewCell>(const NSString&)>;
+    using HeaderFooterMaker = std::function<Ref<UITableViewHeaderFooterView>(const NSString&)>;
+
+    void registerCellMaker(const NSString& identifier, CellMaker maker);
+    void registerHeaderFooterMaker(const NSString& identifier, HeaderFooterMaker maker);
+
+    Asked<UITableViewDataSource> askedSource() const;
+    Asked<UITableViewDelegate> askedDelegate() const;
+
+    // Loading: what the data source and the delegate say about counts and heights.
+    void setNeedsLoad();
+    void load();
+    void loadIfNeeded();
+    Counts askForCounts();
+    SectionGeometry askForGeometry(const Counts& counts);
+    CGFloat askForEdgeHeight(Edge edge, NSInteger section);
+    CGFloat automaticEdgeHeight(Edge edge, NSInteger section);
+    CGFloat usableHeight(CGFloat height, CGFloat otherwise);
+    template <class Question>
+    bool isAnswered(const Question& question);
+    bool givesViews(Edge edge, NSInteger section);
+    void recycle(const Ref<UIView>& edgeView);
+    void setHeight(CGFloat& field, CGFloat height);
+    void updateContentSize();
+    CGFloat offsetShowing(const Extent& extent, CGFloat headerHeight, UITableViewScrollPosition position) const;
+
+    // Showing: cells, headers and footers of what is in sight.
+    CGRect rectOf(const Extent& extent) const;
+    Extent visibleExtent() const;
+    Extent edgeExtent(Edge edge, NSInteger section) const;
+    void placeTableViews();
+    void placeAnew();
+    void placeEdges();
+    bool showRows();
+    bool showEdges(Edge edge);
+    static bool showWithoutAnimation(const std::function<bool()>& show);
+    bool showRow(const NSIndexPath& path);
+    bool showEdge(Edge edge, NSInteger section);
+    bool countStillHolds(NSInteger section);
+    Ref<UITableViewCell> askForCell(const NSIndexPath& path);
+    Ref<UIView> askForEdgeView(Edge edge, NSInteger section);
+    NSString askForTitle(Edge edge, NSInteger section);
+    void dressCell(UITableViewCell* cell, const NSIndexPath& path);
+    void renewSeparators(UITableViewCell* cell);
+    void renewAllSeparators();
+    void retireCell(const Ref<UITableViewCell>& cell, const NSIndexPath& path);
+    void retireEdge(Edge edge, const Ref<UIView>& view, NSInteger section);
+    void retireAll();
+    /// Those that an animated change has let go of; all of them with group 0.
+    void retireDeparting(unsigned group);
+    NSInteger indexOfCells() const;
+    NSInteger indexAboveCells() const;
+    void setTableView(Ref<UIView>& field, UIView* view);
+
+    // Changes.
+    template <class Note>
+    void change(const Note& note);
+    void apply(RowChanges& changes);
+    Counts counts() const;
+    void reloadBecause(const NSString& problem);
+
+    // Touches and selection.
+    bool maySelect() const;
+    bool maySelectSeveral() const;
+    void unhighlight();
+    void tapRow(const NSIndexPath& path);
+    void tapToSelect(const NSIndexPath& path);
+    bool tapToDeselect(const NSIndexPath& path);
+    void setRowSelected(const NSIndexPath& path, bool selected, bool animated);
+    void detailButtonTapped(UITableViewCell* cell);
+
+    Delegate<UITableViewDataSource> m_dataSource;
+    Delegate<UIScrollViewDelegate> m_scrollDelegate;
+    /// The same one, if it is a table's delegate.
+    UITableViewDelegate* m_tableDelegate = nullptr;
+    std::unique_ptr<SectionGeometry> m_geometry;
+    std::unique_ptr<TableViews> m_views;
+    std::unique_ptr<RowSelection> m_selection;
+    std::unique_ptr<RowChanges> m_changes;
+    Ref<UIView> m_tableHeaderView;
+    Ref<UIView> m_tableFooterView;
+    Ref<UIView> m_backgroundView;
+    Ref<UIColor> m_separatorColor;
+    UIEdgeInsets m_separatorInset;
+    CGFloat m_rowHeight = 44;
+    CGFloat m_sectionHeaderHeight = 28;
+    CGFloat m_sectionFooterHeight = 28;
+    /// As of when the cells were placed.
+    CGFloat m_placedWidth = 0;
+    UITableViewStyle m_style = UITableViewStylePlain;
+    UITableViewCellSeparatorStyle m_separatorStyle = UITableViewCellSeparatorStyleSingleLine;
+    int m_updateDepth = 0;
+    /// Counts loads and changes: who asks the data source or the delegate sees whether all is still as it was.
+    unsigned m_generation = 0;
+    bool m_needsLoad = true;
+    bool m_isLoading = false;
+    bool m_isShowing = false;
+    /// The list was longer than a table can be.
+    bool m_isCut = false;
+    bool m_wasAnswered = true;
+    /// Whether the delegate does; none before it was tried.
+    std::optional<bool> m_givesHeaderViews;
+    std::optional<bool> m_givesFooterViews;
+    /// Heights at the last load that were none.
+    int m_badHeights = 0;
+    bool m_allowsSelection = true;
+    bool m_allowsMultipleSelection = false;
+    bool m_allowsSelectionDuringEditing = false;
+    bool m_allowsMultipleSelectionDuringEditing = false;
+    bool m_editing = false;
+};
+
+} // namespace zr
