@@ -1,20 +1,22 @@
-// A program with a button and a text field, which says on standard output what happens to it:
-// "button" and, from a thread that the button starts, "thread"; "text …" after each edit; "end".
+// A program with a button, a text field and a scroll view, which says on standard output what happens to it:
+// "button" and, from a thread that the button starts, "thread"; "text …" after each edit; "scrolled X Y"; "end".
 
 #include <ZRPlatform/Dispatch/Dispatch.h>
 #include <ZRPlatform/UIKit/Application/UIApplication.h>
 #include <ZRPlatform/UIKit/Controls/UIButton.h>
 #include <ZRPlatform/UIKit/Controls/UITextField.h>
+#include <ZRPlatform/UIKit/Lists/UIScrollView.h>
 #include <ZRPlatform/UIKit/Views/UIImageView.h>
 #include <ZRPlatform/UIKit/Views/UILabel.h>
 
+#include <cmath>
 #include <iostream>
 
 using namespace zr;
 
 namespace {
 
-class Probe : public UIApplicationDelegate {
+class Probe : public UIApplicationDelegate, public UIScrollViewDelegate {
 public:
     bool applicationDidFinishLaunching(UIApplication*) override {
         m_window = make<UIWindow>(&UIWindow::initWithFrame, UIScreen::mainScreen()->bounds());
@@ -35,11 +37,20 @@ public:
         m_lamp = make<UIView>(&UIView::initWithFrame, CGRect{{50, 300}, {20, 20}});
         m_lamp->setBackgroundColor(UIColor::blackColor());
         m_window->addSubview(m_lamp);
+
+        const auto scrollView = make<UIScrollView>(&UIScrollView::initWithFrame, CGRect{{50, 400}, {200, 200}});
+        scrollView->setContentSize({400, 400});
+        scrollView->setDelegate(this);
+        m_window->addSubview(scrollView);
         m_window->makeKeyAndVisible();
         return true;
     }
 
     void applicationWillTerminate(UIApplication*) override { say("end"); }
+    void scrollViewDidScroll(UIScrollView* view) override {
+        const CGPoint offset = view->contentOffset();
+        say("scrolled " + std::to_string(std::lround(offset.x)) + " " + std::to_string(std::lround(offset.y)));
+    }
 
 private:
     static void say(const std::string& line) { std::cout << line << std::endl; }

@@ -106,6 +106,8 @@ expect_pixel() {
 
 # click X Y, in points of the window.
 click() { xdotool mousemove --window "$window" $(($1 * scale)) $(($2 * scale)) click 1; }
+# turn_wheel X Y BUTTON: by one notch; button 4 is up, 5 down, 6 left, 7 right.
+turn_wheel() { xdotool mousemove --window "$window" $(($1 * scale)) $(($2 * scale)) click "$3"; }
 press() { xdotool key "$1"; }
 type_text() { xdotool type --delay 1 "$1"; }
 terminate() { kill -TERM "$program"; }

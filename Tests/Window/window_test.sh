@@ -72,6 +72,25 @@ ShowsFramesAndTakesClicksAndText() {
     expect "text Hello Hello "
 }
 
+# A notch is 50 points; the window sleeps again once the indicators have gone.
+ScrollsWithWheels() {
+    start_probe
+    turn_wheel 150 500 5
+    expect 'scrolled 0 50'
+    turn_wheel 150 500 5
+    expect 'scrolled 0 100'
+    turn_wheel 150 500 4
+    expect 'scrolled 0 50'
+    turn_wheel 150 500 7
+    expect 'scrolled 50 50'
+    xdotool keydown shift
+    turn_wheel 150 500 5
+    expect 'scrolled 100 50'
+    xdotool keyup shift
+    expect_rest
+    expect_silence 2
+}
+
 SleepsWhenNothingMoves() {
     start_probe
     expect_rest
