@@ -39,7 +39,7 @@ TEST_F(ScrollDrags, OneFastMoveLosesTheSameTenPoints) {
     view->setContentOffset_animated(CGPointMake(0, 100), false);
     host.touchDown({150, 400});
     host.touchMove({190, 430}); // 50 points on, of which 8 and 6 are the first ten
-    EXPECT_EQ(view->contentOffset(), CGPointMake(0 - banded(32, 200) > -40 ? onHalfPoint(-banded(32, 200)) : 0, 76));
+    EXPECT_EQ(view->contentOffset(), CGPointMake(onHalfPoint(-banded(32, 200)), 76));
 }
 
 TEST_F(ScrollDrags, WithoutVelocityTheDelegateIsToldOfTheDragAlone) {
@@ -85,6 +85,28 @@ TEST_F(ScrollDrags, AFingerThatRestsBeforeItGoesUpDoesNotThrow) {
     host.advance(0.1);
     host.touchUp();
     EXPECT_THAT(news(), ElementsAre("will drag", "will end", "did end"));
+}
+
+TEST_F(ScrollDrags, AFingerThatGoesUpSlowlyLeavesTheContentWhereItIs) {
+    drag({150, 450}, {0, -60});
+    host.touchMove({150, 386}, 0.1); // 40 points a second
+    host.touchUp();
+    EXPECT_THAT(news(), ElementsAre("will drag", "will end", "did end"));
+    EXPECT_EQ(delegate->releaseVelocity, CGPointZero);
+    host.advance(1);
+    EXPECT_EQ(view->contentOffset(), CGPointMake(0, 54));
+}
+
+TEST_F(ScrollDrags, ADragEndsAnAnimatedChangeThatBeganUnderTheFinger) {
+    host.touchDown({150, 400});
+    view->setContentOffset_animated(CGPointMake(0, 300), true);
+    host.advance(0.15);
+    host.touchMove({150, 390});
+    EXPECT_THAT(news(), ElementsAre("animated", "will drag"));
+    host.advance(1);
+    EXPECT_EQ(view->contentOffset(), CGPointMake(0, 150));
+    host.touchMove({150, 380});
+    EXPECT_EQ(view->contentOffset(), CGPointMake(0, 160));
 }
 
 TEST_F(ScrollDrags, BeyondAnEndItResistsAndSpringsBack) {

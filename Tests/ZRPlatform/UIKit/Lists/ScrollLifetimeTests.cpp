@@ -227,10 +227,42 @@ TEST_F(ScrollLifetimes, ADelegateThatHoldsTheContentAtItsEndIsObeyed) {
     };
     drag({150, 200}, {0, 110}, 0.05);
     EXPECT_EQ(view->contentOffset(), CGPointZero);
+    host.touchMove({150, 300});
+    EXPECT_EQ(view->contentOffset(), CGPointMake(0, 10)) << "the drag goes on from there";
+    host.touchMove({150, 320});
     host.touchUp();
     host.advance(5);
     EXPECT_EQ(view->contentOffset(), CGPointZero);
     EXPECT_FALSE(view->isDecelerating());
+}
+
+TEST_F(ScrollLifetimes, WhatADelegateAsksForAtTheEndOfADragTakesTheDecelerationsPlace) {
+    for (const bool animated : {false, true}) {
+        delegate->act = [&](const std::string& what) {
+            if (what == "did end, goes on")
+                view->setContentOffset_animated(CGPointMake(0, 77), animated);
+        };
+        throwIt();
+        EXPECT_EQ(view->contentOffset(), CGPointMake(0, 77)) << animated;
+        Log expected{"will drag", "will end", "did end, goes on"};
+        if (animated)
+            expected.push_back("animated");
+        EXPECT_EQ(news(), expected) << animated;
+        view->setContentOffset_animated(CGPointZero, false);
+    }
+}
+
+TEST_F(ScrollLifetimes, WhatADelegateAsksForAtTheLastStepIsCarriedOut) {
+    delegate->onScroll = [](UIScrollView* scrolled) {
+        if (scrolled->contentOffset().y == 300)
+            scrolled->setContentOffset_animated(CGPointMake(0, 50), true);
+    };
+    view->setContentOffset_animated(CGPointMake(0, 300), true);
+    host.advance(0.3);
+    EXPECT_THAT(news(), ElementsAre("animated"));
+    host.advance(0.3);
+    EXPECT_EQ(view->contentOffset(), CGPointMake(0, 50));
+    EXPECT_THAT(news(), ElementsAre("animated"));
 }
 
 // Anything at all

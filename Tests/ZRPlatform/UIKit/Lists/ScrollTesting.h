@@ -64,7 +64,7 @@ private:
     }
 };
 
-/// A view that writes down its touches, and may let go of what it is in.
+/// A view that writes down its touches.
 class TouchedView : public UIView {
 public:
     void touchesBegan_withEvent(const TouchSet&, UIEvent*) override { note("began"); }
