@@ -48,6 +48,16 @@ protected:
         CATransaction::commit({root.get()});
         return compositor.compose({root.get()});
     }
+    /// Composes a moment at which an animation has moved the layer to the right so far.
+    void moveByAQuarterPixel(CALayer* layer) {
+        auto move = CABasicAnimation::animationWithKeyPath("position.x");
+        move->setByValue(1.0);
+        move->setDuration(1);
+        layer->addAnimation_forKey(move, "move");
+        CATransaction::commit({root.get()});
+        m_clock.advanceTo(nanosecondsFromSeconds(0.125));
+        compositor.compose({root.get()});
+    }
     std::uint32_t pixel(int x, int y) const { return compositor.pixels()[y * compositor.width() + x]; }
     /// Red, green and blue of a pixel.
     static int channel(std::uint32_t value, int shift) { return int(value >> shift & 255); }

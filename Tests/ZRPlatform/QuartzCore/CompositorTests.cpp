@@ -157,17 +157,69 @@ TEST_F(CompositorTest, WhatStandsStillBetweenPixelsIsMovedToTheNearest) {
 TEST_F(CompositorTest, WhatMovesCoversPixelsInPart) {
     auto layer = box(CGRectMake(10, 5, 20, 10), color(0, 0, 0));
     root->addSublayer(layer);
-    auto move = CABasicAnimation::animationWithKeyPath("position.x");
-    move->setByValue(1.0);
-    move->setDuration(1);
-    layer->addAnimation_forKey(move, "move");
-    CATransaction::commit({root.get()});
-    m_clock.advanceTo(nanosecondsFromSeconds(0.125));
-    compositor.compose({root.get()});
+    moveByAQuarterPixel(layer);
     EXPECT_NEAR(channel(pixel(20, 15), kRed), 64, 1);
     EXPECT_EQ(pixel(21, 15), 0xFF000000u);
     EXPECT_NEAR(channel(pixel(60, 15), kRed), 191, 1);
     EXPECT_EQ(compositor.nextChangeTime(), 0.125);
+}
+
+TEST_F(CompositorTest, OfTwoScreensThatSlideEachShowsOnItsSide) {
+    auto lower = box(CGRectMake(0, 0, 100, 50), color(1, 0, 0));
+    lower->addSublayer(box(CGRectMake(0, 10, 100, 10), color(0, 1, 0)));
+    auto upper = box(CGRectMake(50, 0, 100, 50), color(0, 0, 1));
+    upper->addSublayer(box(CGRectMake(10, 10, 10, 10), color(1, 1, 1)));
+    root->addSublayer(lower);
+    root->addSublayer(upper);
+    root->addSublayer(box(CGRectMake(45, 30, 10, 10), color(0, 0, 0)));
+    moveByAQuarterPixel(upper);
+    // The screens, the pixel between them, what lies on the upper one, and what lies across both.
+    EXPECT_EQ(pixel(99, 0), 0xFFFF0000u);
+    EXPECT_EQ(pixel(99, 20), 0xFF00FF00u);
+    EXPECT_NEAR(channel(pixel(100, 0), kRed), 64, 1);
+    EXPECT_NEAR(channel(pixel(100, 0), kBlue), 191, 1);
+    EXPECT_NEAR(channel(pixel(100, 20), kGreen), 64, 1);
+    EXPECT_EQ(pixel(101, 0), 0xFF0000FFu);
+    EXPECT_EQ(pixel(101, 20), 0xFF0000FFu);
+    EXPECT_EQ(pixel(199, 99), 0xFF0000FFu);
+    EXPECT_EQ(pixel(125, 25), 0xFFFFFFFFu);
+    for (const int x : {90, 99, 100, 101, 109})
+        EXPECT_EQ(pixel(x, 70), 0xFF000000u) << x;
+    EXPECT_EQ(pixel(110, 70), 0xFF0000FFu);
+}
+
+TEST_F(CompositorTest, APictureThatMovesIsCutAtItsEdgesOnly) {
+    auto layer = box(CGRectMake(10, 5, 40, 20), nullptr);
+    layer->setContents(redAndBlue(80, 40));
+    root->addSublayer(layer);
+    moveByAQuarterPixel(layer);
+    for (const int y : {10, 30, 49}) {
+        EXPECT_NEAR(channel(pixel(20, y), kGreen), 64, 1) << "a quarter of white";
+        EXPECT_EQ(channel(pixel(20, y), kRed), 255);
+        EXPECT_EQ(pixel(21, y), 0xFFFF0000u);
+        EXPECT_EQ(pixel(59, y), 0xFFFF0000u);
+        EXPECT_NEAR(channel(pixel(60, y), kRed), 64, 2);
+        EXPECT_EQ(pixel(61, y), 0xFF0000FFu);
+        EXPECT_EQ(pixel(99, y), 0xFF0000FFu);
+        EXPECT_NEAR(channel(pixel(100, y), kRed), 191, 1);
+    }
+    EXPECT_EQ(pixel(50, 9), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(50, 50), 0xFFFFFFFFu);
+}
+
+TEST_F(CompositorTest, APatternThatMovesIsCutAtItsEdgesOnly) {
+    auto layer = box(CGRectMake(10, 5, 40, 20), Ref<CGColor>::adopt(new CGColor(redAndBlue(10, 4).get())));
+    root->addSublayer(layer);
+    moveByAQuarterPixel(layer);
+    for (const int y : {10, 30, 49}) {
+        EXPECT_NEAR(channel(pixel(20, y), kGreen), 64, 1) << "a quarter of white";
+        EXPECT_EQ(pixel(21, y), 0xFFFF0000u);
+        EXPECT_EQ(pixel(31, y), 0xFF0000FFu);
+        EXPECT_EQ(pixel(99, y), 0xFF0000FFu);
+        EXPECT_NEAR(channel(pixel(100, y), kGreen), 191, 1) << "of the next tile";
+    }
+    EXPECT_EQ(pixel(50, 9), 0xFFFFFFFFu);
+    EXPECT_EQ(pixel(50, 50), 0xFFFFFFFFu);
 }
 
 TEST_F(CompositorTest, ContentsOfTheScreensScaleAreCopiedPixelByPixel) {

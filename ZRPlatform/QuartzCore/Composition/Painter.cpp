@@ -11,6 +11,8 @@ namespace {
 
 /// Painted at one go, so that the picture of a group stays in the processor's cache.
 constexpr int kBandHeight = 64;
+/// What a layer hides is left out where it is as wide as this.
+constexpr int kWorthwhileWidth = 64;
 /// In steps of 1/255, as the pixels of a faded picture are: a colour looks the same whether it is faded alone or with
 /// others.
 PaintColor faded(const PaintColor& color, float opacity) {
@@ -22,30 +24,6 @@ PaintColor faded(const PaintColor& color, float opacity) {
         return static_cast<float>((scaled + (scaled >> 8)) >> 8) / 255;
     };
     return {product(color.red), product(color.green), product(color.blue), product(color.alpha)};
-}
-
-/// The whole pixels inside a box whose corners are cut off by `radius`: there nothing of it is missing.
-PixelRect insideOf(CGRect box, CGFloat radius) {
-    const int left = wholePixel(std::ceil(box.origin.x + radius - kForgiven));
-    const int top = wholePixel(std::ceil(box.origin.y + radius - kForgiven));
-    const int right = wholePixel(std::floor(box.origin.x + box.size.width - radius + kForgiven));
-    const int bottom = wholePixel(std::floor(box.origin.y + box.size.height - radius + kForgiven));
-    return {left, top, std::max(right - left, 0), std::max(bottom - top, 0)};
-}
-
-/// Calls `paint` with the parts of `area` outside of `middle`, which lies in it.
-template <class Paint>
-void forEachPartAround(PixelRect middle, PixelRect area, Paint paint) {
-    if (middle.isEmpty())
-        middle = {area.x, area.y, 0, 0};
-    const PixelRect parts[] = {{area.x, area.y, area.width, middle.y - area.y},
-                               {area.x, middle.y, middle.x - area.x, middle.height},
-                               {middle.right(), middle.y, area.right() - middle.right(), middle.height},
-                               {area.x, middle.bottom(), area.width, area.bottom() - middle.bottom()}};
-    for (const PixelRect& part : parts) {
-        if (!part.isEmpty())
-            paint(part);
-    }
 }
 
 } // namespace
@@ -63,7 +41,14 @@ void Painter::paint(PixelRect area) {
 }
 
 void Painter::paintBand(PixelRect band) {
-    const int first = firstVisibleNode(band);
+    PixelRect covered;
+    const int first = topmostCover(band, covered);
+    // Screens that slide lie side by side: what one of them hides of the other is not painted.
+    if (first >= 0 && covered != band) {
+        forEachPartAround(covered, band, [this](PixelRect part) { paintBand(part); });
+        paintBand(covered);
+        return;
+    }
     if (first < 0)
         fillRect(band, {0, 0, 0, 1}, 1, m_screen);
     if (m_scene.nodes.empty())
@@ -87,25 +72,26 @@ void Painter::paintBand(PixelRect band) {
     paintNodes(0, static_cast<int>(m_scene.nodes.size()), m_screen, band);
 }
 
-/// The topmost layer that covers the whole area by itself; -1 when there is none.
-int Painter::firstVisibleNode(PixelRect area) const {
+/// The topmost layer that covers much of the area, from top to bottom, by itself; -1 when there is none.
+int Painter::topmostCover(PixelRect area, PixelRect& covered) const {
     for (int i = static_cast<int>(m_scene.nodes.size()) - 1; i >= 0; --i) {
-        if (covers(m_scene.nodes[i], area))
+        covered = coveredPart(m_scene.nodes[i], area);
+        if (!covered.isEmpty())
             return i;
     }
     return -1;
 }
 
-bool Painter::covers(const SceneNode& node, PixelRect area) const {
-    if (node.inGroup || node.opacity < 1 || node.clipsToShape || !node.box || intersection(node.extent, area) != area)
-        return false;
+PixelRect Painter::coveredPart(const SceneNode& node, PixelRect area) const {
+    if (node.inGroup || node.opacity < 1 || node.clipsToShape || !node.box || node.background.alpha < 1)
+        return {};
     CGRect solidBox = *node.box;
-    if (node.background.alpha < 1)
-        return false;
     const CGFloat inset = node.cornerRadius * node.toScreen.xx;
     solidBox.origin.x += inset;
     solidBox.size.width -= 2 * inset;
-    return contains(solidBox, area);
+    const PixelRect part = intersection(intersection(area, node.extent), insideOf(solidBox, 0));
+    const bool isMuch = part.width == area.width || part.width >= kWorthwhileWidth;
+    return part.height == area.height && isMuch ? part : PixelRect{};
 }
 
 void Painter::paintNodes(int first, int end, const Target& target, PixelRect area) {

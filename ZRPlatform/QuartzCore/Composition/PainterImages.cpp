@@ -142,15 +142,25 @@ void Painter::paintImagePart(const SceneNode& node, CGRect pixels, CGRect frame,
         return;
     pixman_image_set_filter(source.get(), PIXMAN_FILTER_BILINEAR, nullptr, 0);
     pixman_image_set_repeat(source.get(), PIXMAN_REPEAT_PAD);
-    if (!(straight && contains(box, area))) {
-        m_coverage.begin(area);
+    // Where the outline cuts nothing there is no mask to be made and followed.
+    const PixelRect inside = straight ? intersection(area, insideOf(box, 0)) : PixelRect{};
+    if (!inside.isEmpty())
+        sample(source.get(), start, mask.get(), target, inside);
+    forEachPartAround(inside, area, [&](PixelRect rim) {
+        m_coverage.begin(rim);
         m_coverage.addPolygon(outlineOnScreen(node, frame, 0, true));
         auto* bytes = reinterpret_cast<std::uint32_t*>(const_cast<std::uint8_t*>(m_coverage.finish(opacity)));
-        mask =
-            managed(pixman_image_create_bits_no_clear(PIXMAN_a8, area.width, area.height, bytes, m_coverage.stride()));
-    }
-    pixman_image_composite32(PIXMAN_OP_OVER, source.get(), mask.get(), target.image, area.x - start.x, area.y - start.y,
-                             0, 0, area.x - target.area.x, area.y - target.area.y, area.width, area.height);
+        const ImagePointer cut =
+            managed(pixman_image_create_bits_no_clear(PIXMAN_a8, rim.width, rim.height, bytes, m_coverage.stride()));
+        sample(source.get(), start, cut.get(), target, rim);
+    });
+}
+
+/// Paints `rect` with an image whose first pixel lies on the screen's pixel `start`.
+void Painter::sample(pixman_image_t* source, PixelRect start, pixman_image_t* mask, const Target& target,
+                     PixelRect rect) {
+    pixman_image_composite32(PIXMAN_OP_OVER, source, mask, target.image, rect.x - start.x, rect.y - start.y, 0, 0,
+                             rect.x - target.area.x, rect.y - target.area.y, rect.width, rect.height);
 }
 
 /// Where sampling starts: a pixel that does not depend on what is painted anew, as rounding counts from there.
@@ -194,24 +204,22 @@ void Painter::paintPattern(const SceneNode& node, const Target& target, PixelRec
     const auto toPoints = node.toScreen.inverse();
     if (!toPoints)
         return;
-    const bool whole = node.box && contains(*node.box, area) && !(radius > 0);
-    if (whole && opacity >= 1 && image.isOpaque()) {
-        copyTiles(image, *toPoints, target, area);
-        return;
-    }
+    // Only at a rim between pixels, or a rounded one, is there anything to be cut off.
+    const PixelRect inside = node.box && !(radius > 0) ? intersection(area, insideOf(*node.box, 0)) : PixelRect{};
+    const bool isCopied = opacity >= 1 && image.isOpaque();
+    if (isCopied && !inside.isEmpty())
+        copyTiles(image, *toPoints, target, inside);
     const ImagePointer source = viewOf(image, {0, 0, int(image.width()), int(image.height())});
     const PixelRect start = firstPixel(node.toScreen.boundingBox(node.bounds));
     if (!setTransform(source.get(), concat(translation(start.x, start.y), *toPoints)))
         return;
     pixman_image_set_filter(source.get(), PIXMAN_FILTER_NEAREST, nullptr, 0);
     pixman_image_set_repeat(source.get(), PIXMAN_REPEAT_NORMAL);
-    ImagePointer mask;
-    if (!whole)
-        mask = managed(shapeMask(node, area, opacity));
-    else if (opacity < 1)
-        mask = solid({0, 0, 0, 1}, opacity);
-    pixman_image_composite32(PIXMAN_OP_OVER, source.get(), mask.get(), target.image, area.x - start.x, area.y - start.y,
-                             0, 0, area.x - target.area.x, area.y - target.area.y, area.width, area.height);
+    if (!isCopied && !inside.isEmpty())
+        sample(source.get(), start, opacity < 1 ? solid({0, 0, 0, 1}, opacity).get() : nullptr, target, inside);
+    forEachPartAround(inside, area, [&](PixelRect rim) {
+        sample(source.get(), start, managed(shapeMask(node, rim, opacity)).get(), target, rim);
+    });
 }
 
 } // namespace zr

@@ -26,8 +26,8 @@ private:
     };
 
     void paintBand(PixelRect band);
-    int firstVisibleNode(PixelRect area) const;
-    bool covers(const SceneNode& node, PixelRect area) const;
+    int topmostCover(PixelRect area, PixelRect& covered) const;
+    PixelRect coveredPart(const SceneNode& node, PixelRect area) const;
     void paintNodes(int first, int end, const Target& target, PixelRect area);
     void paintSubtree(const SceneNode& node, const Target& target, PixelRect area);
     void paintPlainly(const SceneNode& node, const Target& target, PixelRect area);
@@ -42,6 +42,8 @@ private:
     void paintContents(const SceneNode& node, const Target& target, PixelRect area, float opacity);
     void paintImagePart(const SceneNode& node, CGRect pixels, CGRect frame, const Target& target, PixelRect area,
                         float opacity);
+    static void sample(pixman_image_t* source, PixelRect start, pixman_image_t* mask, const Target& target,
+                       PixelRect rect);
     PixelRect firstPixel(CGRect box) const;
     void paintPattern(const SceneNode& node, const Target& target, PixelRect area, float opacity, CGFloat radius);
     void copyTiles(const CGImage& image, const Homography& toPoints, const Target& target, PixelRect area);

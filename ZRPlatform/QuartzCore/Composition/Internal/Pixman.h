@@ -39,4 +39,28 @@ inline bool contains(CGRect box, PixelRect area) {
            box.origin.y + box.size.height >= area.bottom();
 }
 
+/// The whole pixels inside a box whose corners are cut off by `radius`: there nothing of it is missing.
+inline PixelRect insideOf(CGRect box, CGFloat radius) {
+    const int left = wholePixel(std::ceil(box.origin.x + radius - kForgiven));
+    const int top = wholePixel(std::ceil(box.origin.y + radius - kForgiven));
+    const int right = wholePixel(std::floor(box.origin.x + box.size.width - radius + kForgiven));
+    const int bottom = wholePixel(std::floor(box.origin.y + box.size.height - radius + kForgiven));
+    return {left, top, std::max(right - left, 0), std::max(bottom - top, 0)};
+}
+
+/// Calls `paint` with the parts of `area` outside of `middle`, which lies in it.
+template <class Paint>
+void forEachPartAround(PixelRect middle, PixelRect area, Paint paint) {
+    if (middle.isEmpty())
+        middle = {area.x, area.y, 0, 0};
+    const PixelRect parts[] = {{area.x, area.y, area.width, middle.y - area.y},
+                               {area.x, middle.y, middle.x - area.x, middle.height},
+                               {middle.right(), middle.y, area.right() - middle.right(), middle.height},
+                               {area.x, middle.bottom(), area.width, area.bottom() - middle.bottom()}};
+    for (const PixelRect& part : parts) {
+        if (!part.isEmpty())
+            paint(part);
+    }
+}
+
 } // namespace zr
