@@ -108,7 +108,8 @@ public:
     /// Ignored and logged: nil, the controller itself, a controller that contains it, one that is presented or a
     /// window's root. One that is a child already stays where it is.
     virtual void addChildViewController(UIViewController* child);
-    /// Does nothing without a parent. Ends with `didMoveToParentViewController(nullptr)`. The view stays where it is.
+    /// Does nothing without a parent. Ends with `didMoveToParentViewController(nullptr)`. The view stays where it is. An
+    /// appearance that the parent has begun, and cannot end any more, ends now, unless the container tells by itself.
     virtual void removeFromParentViewController();
     virtual void willMoveToParentViewController(UIViewController* parent);
     virtual void didMoveToParentViewController(UIViewController* parent);

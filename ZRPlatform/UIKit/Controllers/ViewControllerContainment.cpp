@@ -1,4 +1,5 @@
 #include <ZRPlatform/Foundation/NSLog.h>
+#include <ZRPlatform/UIKit/Controllers/Internal/ChangeQueue.h>
 #include <ZRPlatform/UIKit/Controllers/Internal/ControllerAccess.h>
 #include <ZRPlatform/UIKit/Controllers/Internal/Presentation.h>
 
@@ -38,9 +39,15 @@ void UIViewController::addChildViewController(UIViewController* child) {
 void UIViewController::removeFromParentViewController() {
     if (!m_parent)
         return;
+    const ChangeQueue::Step step;
     const Ref<UIViewController> keep = this;
+    const bool wasToldByParent = m_parent->shouldAutomaticallyForwardAppearanceMethods();
     std::erase(m_parent->m_children, keep);
     m_parent = nullptr;
+    // The parent may be coming or going; what it has begun it cannot end any more.
+    const bool isInWindow = m_view && m_view->window();
+    if (wasToldByParent && isInWindow == (m_appearance == Appearance::Appearing))
+        viewDidMoveToWindow();
     didMoveToParentViewController(nullptr);
 }
 

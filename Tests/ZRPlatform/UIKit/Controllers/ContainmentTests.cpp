@@ -122,6 +122,37 @@ TEST_F(Containment, AChildTakenOutWhileItsParentDisappearsIsToldOnce) {
     EXPECT_EQ(news(), (Log{"P will disappear", "C will disappear", "P did disappear", "C did disappear"}));
 }
 
+TEST_F(Containment, AChildRemovedWhileItsParentGoesIsToldToTheEnd) {
+    child->logsMoves = true;
+    parent->addChildViewController(child);
+    parent->view()->addSubview(child->view());
+    child->didMoveToParentViewController(parent);
+    show(parent);
+    parent->presentViewController_animated_completion(makeScreen("M"), true, nullptr);
+    host.advance(0.1);
+    EXPECT_EQ(news(), (Log{"P will disappear animated", "C will disappear animated", "M will appear animated"}));
+    child->willMoveToParentViewController(nullptr);
+    child->view()->removeFromSuperview();
+    child->removeFromParentViewController();
+    EXPECT_EQ(news(), (Log{"C will move out", "C did disappear animated", "C did move out"}));
+    host.advance(1);
+    EXPECT_EQ(news(), (Log{"M did appear animated", "P did disappear animated"}));
+}
+
+TEST_F(Containment, AChildWhoseParentIsTakenFromItWhileBothAppearHasAppeared) {
+    parent->addChildViewController(child);
+    parent->view()->addSubview(child->view());
+    parent->act = [&](const std::string& what) {
+        if (what == "did appear")
+            child->removeFromParentViewController();
+    };
+    window->setRootViewController(parent);
+    window->makeKeyAndVisible();
+    EXPECT_EQ(news(), (Log{"P will appear", "C will appear", "P did appear", "C did appear"}));
+    window->setRootViewController(nullptr);
+    EXPECT_EQ(news(), (Log{"P will disappear", "C will disappear", "C did disappear", "P did disappear"}));
+}
+
 TEST_F(Containment, AContainerMayTellItsChildrenItself) {
     auto manual = makeScreen<Manual>("M");
     show(manual);
