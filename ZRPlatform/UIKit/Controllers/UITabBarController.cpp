@@ -162,9 +162,11 @@ void UITabBarController::tabBar_didSelectItem(UITabBar*, UITabBarItem* item) {
         return;
     }
     auto* navigation = dynamic_cast<UINavigationController*>(controller.get());
-    if (controller == m_selected && navigation)
-        navigation->popToRootViewControllerAnimated(true);
+    const bool wasSelected = controller == m_selected;
+    // First, so that another tab that the screens ask for while they are popped has the last word.
     setSelectedViewController(controller);
+    if (wasSelected && navigation)
+        navigation->popToRootViewControllerAnimated(true);
     if (m_delegate)
         m_delegate->tabBarController_didSelectViewController(this, controller);
 }

@@ -99,6 +99,38 @@ TEST_F(TabBar, ATapOnTheSelectedTabGoesBackToTheFirstScreen) {
     EXPECT_GT(seenOrigin(b->view()).x, 0);
 }
 
+TEST_F(TabBar, AnotherTabThatTheScreensAskForDuringATapIsTheOneThatShows) {
+    tabs->setViewControllers({navigation, c});
+    show(tabs);
+    pushAtOnce(b);
+    b->act = [&](const std::string& what) {
+        if (what == "will disappear animated")
+            tabs->setSelectedIndex(1);
+    };
+    tapTab(0, 2);
+    host.advance(1);
+    EXPECT_EQ(navigation->viewControllers(), (Stack{a}));
+    EXPECT_EQ(tabs->selectedIndex(), 1u);
+    EXPECT_EQ(c->view()->window(), window);
+}
+
+TEST_F(TabBar, ATitleOfAMegabyteStaysInItsTab) {
+    b->setTitle(std::string(1 << 20, 'w'));
+    tabs->setViewControllers({b, c});
+    show(tabs);
+    EXPECT_EQ(b->tabBarItem()->title().length(), std::size_t(1) << 20);
+    std::function<CGFloat(UIView*)> rightEnd = [&](UIView* view) {
+        const bool isLabel = dynamic_cast<UILabel*>(view);
+        CGFloat end = isLabel ? CGRectGetMaxX(view->convertRect_toView(view->bounds(), tabs->tabBar())) : 0;
+        for (const auto& subview : view->subviews())
+            end = std::max(end, rightEnd(subview));
+        return end;
+    };
+    EXPECT_EQ(rightEnd(tabs->tabBar()->subviews()[1]), 188) << "tabs end on whole points";
+    tapTab(1, 2);
+    EXPECT_EQ(tabs->selectedIndex(), 1u);
+}
+
 TEST_F(TabBar, OtherScreensKeepTheSelectionWhereTheyCan) {
     auto d = makeScreen("D");
     b->logsMoves = true;
