@@ -122,6 +122,7 @@ void NavigationTransition::turnRound() {
     m_controller->m_stack.push_back(m_from);
     m_controller->m_shown = m_from;
     m_controller->m_toldWillShow = m_from;
+    m_controller->m_toldDidShow = m_from;
     m_to->beginAppearanceTransition_animated(false, true);
     m_from->beginAppearanceTransition_animated(true, true);
 }

@@ -183,10 +183,11 @@ void UINavigationController::showTop(bool animated, bool isPush) {
 
 void UINavigationController::showTopNow(bool animated, bool isPush) {
     finishOwnTransition();
-    UIViewController* top = topViewController();
+    // The messages may change the stack again; what is shown follows that afterwards.
+    const Ref<UIViewController> top = topViewController();
     const bool isOnScreen = isViewLoaded() && ControllerAccess::hasAppeared(this);
     if (isOnScreen && m_shown != top) {
-        const Ref<UIViewController> former = std::exchange(m_shown, Ref<UIViewController>(top));
+        const Ref<UIViewController> former = std::exchange(m_shown, top);
         const auto transition = make<NavigationTransition>(&NavigationTransition::initWithController_from_to_isPush,
                                                            this, former, top, isPush);
         m_transition = transition;
@@ -196,6 +197,7 @@ void UINavigationController::showTopNow(bool animated, bool isPush) {
             transition->runAtOnce();
         return;
     }
+    const auto entering = std::exchange(m_entering, {}), leaving = std::exchange(m_leaving, {});
     const Ref<UIViewController> former = m_shown;
     if (m_shown != top && isViewLoaded()) {
         const bool isAppearing = ControllerAccess::isAppearing(this);
@@ -205,25 +207,24 @@ void UINavigationController::showTopNow(bool animated, bool isPush) {
             top->beginAppearanceTransition_animated(true, false);
             tellWillShow(top, false);
         }
-        putTop();
+        put(top);
         if (former)
             ControllerAccess::endDisappearing(former);
     }
     if (m_bar)
         m_bar->setItems(itemsOfStack());
-    flushMoves(std::exchange(m_entering, {}), std::exchange(m_leaving, {}));
+    flushMoves(entering, leaving);
 }
 
-/// The top screen's view takes the place of the one that is there, whoever is told of it.
-void UINavigationController::putTop() {
-    UIViewController* top = topViewController();
-    if (m_shown && m_shown != top)
+/// The screen's view takes the place of the one that is there, whoever is told of it.
+void UINavigationController::put(UIViewController* screen) {
+    if (m_shown && m_shown != screen)
         ControllerAccess::takeView(m_shown);
-    m_shown = top;
-    if (!top)
+    m_shown = screen;
+    if (!screen)
         return;
     view();
-    ControllerAccess::putView(top, m_content, 0, screenFrame(top));
+    ControllerAccess::putView(screen, m_content, 0, screenFrame(screen));
 }
 
 void UINavigationController::flushMoves(const std::vector<Ref<UIViewController>>& entering,
@@ -253,6 +254,7 @@ void UINavigationController::tellWillShow(UIViewController* screen, bool animate
     if (!screen || m_toldWillShow.get() == screen)
         return;
     m_toldWillShow = screen;
+    m_toldDidShow = nullptr;
     const Ref<NSObject> keep = m_delegate.object();
     if (m_delegate)
         m_delegate->navigationController_willShowViewController_animated(this, screen, animated);
@@ -272,7 +274,7 @@ void UINavigationController::tellDidShow(UIViewController* screen, bool animated
 void UINavigationController::viewWillAppear(bool animated) {
     UIViewController::viewWillAppear(animated);
     if (m_shown != topViewController())
-        putTop();
+        put(topViewController());
     layOut();
     const Ref<UIViewController> top = m_shown;
     if (!top)

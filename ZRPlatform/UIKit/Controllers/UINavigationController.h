@@ -111,7 +111,7 @@ private:
     void changeStack(std::vector<Ref<UIViewController>> stack, bool animated, bool isPush);
     void showTop(bool animated, bool isPush);
     void showTopNow(bool animated, bool isPush);
-    void putTop();
+    void put(UIViewController* screen);
     void finishOwnTransition();
     void flushMoves(const std::vector<Ref<UIViewController>>& entering,
                     const std::vector<Ref<UIViewController>>& leaving);

@@ -180,6 +180,28 @@ TEST_F(NavigationStack, AScreenMayRemoveItselfInItsOwnCallbacks) {
     }
 }
 
+TEST_F(NavigationStack, AScreenThatPopsItselfWhileTheControllerComesLeavesTheOtherThere) {
+    auto m = makeScreen("M");
+    show(navigation);
+    navigation->presentViewController_animated_completion(m, false, nullptr);
+    navigation->dismissViewControllerAnimated_completion(true, nullptr);
+    host.advance(0.1);
+    b->act = [&](const std::string& what) {
+        if (what == "will appear")
+            navigation->popViewControllerAnimated(true);
+    };
+    news();
+    logEverything();
+    navigation->pushViewController_animated(b, true);
+    host.advance(1);
+    EXPECT_EQ(news(), (Log{"B will move in", "A will disappear", "B will appear", "B will move out", "will show B",
+                           "A did disappear", "B will disappear", "A will appear", "will show A", "B did disappear",
+                           "B did move out", "A did appear", "did show A animated", "M did disappear animated"}));
+    EXPECT_EQ(navigation->viewControllers(), (Stack{a}));
+    EXPECT_EQ(a->view()->window(), window);
+    EXPECT_EQ(b->view()->window(), nullptr);
+}
+
 TEST_F(NavigationStack, AScreenPushedAgainWhileItLeavesStays) {
     show(navigation);
     pushAtOnce(b);
