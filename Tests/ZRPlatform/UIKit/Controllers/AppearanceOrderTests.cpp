@@ -71,6 +71,61 @@ TEST_F(AppearanceOrder, PopToRootTellsTheScreensInBetweenOnlyThatTheyMove) {
                    "C did move out", "did show A animated"}));
 }
 
+TEST_F(AppearanceOrder, PopToRootWithoutAnimation) {
+    logEverything();
+    show(navigation);
+    push(b, false);
+    push(c, false);
+    EXPECT_EQ(told([&] { navigation->popToRootViewControllerAnimated(false); }),
+              (Log{"B will move out", "C will move out", "C will disappear", "A will appear", "will show A",
+                   "C did disappear", "A did appear", "B did move out", "C did move out", "did show A", "---"}));
+}
+
+TEST_F(AppearanceOrder, ANewStackIsAPushOrAPop) {
+    logEverything();
+    show(navigation);
+    push(b, false);
+    EXPECT_EQ(told([&] {
+                  navigation->setViewControllers_animated({b, c}, true);
+              }),
+              (Log{"A will move out", "C will move in", "B will disappear animated", "C will appear animated",
+                   "will show C animated", "---", "C will lay out", "C did lay out", "B did disappear animated",
+                   "C did appear animated", "A did move out", "C did move in", "did show C animated"}));
+    EXPECT_EQ(told([&] {
+                  navigation->setViewControllers_animated({a, b}, true);
+              }),
+              (Log{"C will move out", "A will move in", "C will disappear animated", "B will appear animated",
+                   "will show B animated", "---", "C did disappear animated", "B did appear animated", "C did move out",
+                   "A did move in", "did show B animated"}));
+    EXPECT_EQ(told([&] { navigation->setViewControllers_animated({b}, true); }),
+              (Log{"A will move out", "A did move out", "---"}))
+        << "the same screen on top";
+}
+
+TEST_F(AppearanceOrder, APushBelowAPresentationUnderWay) {
+    logEverything();
+    show(navigation);
+    navigation->presentViewController_animated_completion(m, true, noting("done"));
+    host.advance(0.1);
+    EXPECT_EQ(told([&] { push(b, true); }), (Log{"B will move in", "A did disappear animated", "B did move in", "---",
+                                                 "B will lay out", "B did lay out", "M did appear animated", "done"}));
+    EXPECT_EQ(told([&] { navigation->dismissViewControllerAnimated_completion(true, noting("gone")); }),
+              (Log{"M will disappear animated", "B will appear animated", "will show B animated", "---",
+                   "B did appear animated", "did show B animated", "M did disappear animated", "gone"}));
+}
+
+TEST_F(AppearanceOrder, APushWhileADismissalIsUnderWay) {
+    logEverything();
+    show(navigation);
+    navigation->presentViewController_animated_completion(m, false, nullptr);
+    navigation->dismissViewControllerAnimated_completion(true, noting("gone"));
+    host.advance(0.1);
+    EXPECT_EQ(told([&] { push(b, true); }),
+              (Log{"B will move in", "A will disappear", "B will appear", "will show B", "A did disappear",
+                   "B did move in", "---", "B will lay out", "B did lay out", "B did appear", "did show B animated",
+                   "M did disappear animated", "gone"}));
+}
+
 TEST_F(AppearanceOrder, APushBeforeTheLastOneHasEnded) {
     logEverything();
     show(navigation);
