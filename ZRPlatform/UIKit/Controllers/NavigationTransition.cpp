@@ -32,25 +32,34 @@ bool NavigationTransition::initWithController_from_to_isPush(UINavigationControl
 
 // Beginning
 
-void NavigationTransition::tellBeginning(bool animated) {
+/// Whether it is still to be shown: a window that is hidden in one of the messages, for one, ends it at once.
+bool NavigationTransition::tellBeginning(bool animated) {
     m_isAnimated = animated;
     if (m_from)
         m_from->beginAppearanceTransition_animated(false, animated);
-    if (m_to)
+    if (m_to && m_controller)
+        m_to->loadViewIfNeeded();
+    if (m_to && m_controller)
         m_to->beginAppearanceTransition_animated(true, animated);
-    m_controller->tellWillShow(m_to, animated);
-    if (!m_to)
-        return;
+    if (m_controller)
+        m_controller->tellWillShow(m_to, animated);
+    if (m_controller && m_to)
+        putUpcoming(m_controller);
+    return m_controller;
+}
+
+void NavigationTransition::putUpcoming(UINavigationController* controller) {
     // The lower one of the two goes below the other.
-    UIView* content = m_controller->m_content;
+    UIView* content = controller->m_content;
     const NSInteger index = m_isPush ? static_cast<NSInteger>(content->subviews().size()) : 0;
-    ControllerAccess::putView(m_to, content, index, m_controller->screenFrame(m_to));
+    ControllerAccess::putView(m_to, content, index, controller->screenFrame(m_to));
 }
 
 void NavigationTransition::runAtOnce() {
     const ChangeQueue::Step step;
     const Ref<NavigationTransition> keep = this;
-    tellBeginning(false);
+    if (!tellBeginning(false))
+        return;
     m_controller->navigationBar()->setItems(m_controller->itemsOfStack());
     end();
 }
@@ -58,16 +67,18 @@ void NavigationTransition::runAtOnce() {
 void NavigationTransition::runAnimated() {
     const ChangeQueue::Step step;
     const Ref<NavigationTransition> keep = this;
-    tellBeginning(true);
+    if (!tellBeginning(true))
+        return;
     setUpGlide();
     glideOn(1, kDuration, UIViewAnimationCurveEaseInOut);
 }
 
 void NavigationTransition::beginByHand() {
     const ChangeQueue::Step step;
+    const Ref<NavigationTransition> keep = this;
     m_isHeld = true;
-    tellBeginning(true);
-    setUpGlide();
+    if (tellBeginning(true))
+        setUpGlide();
 }
 
 void NavigationTransition::setUpGlide() {
@@ -160,6 +171,9 @@ void NavigationTransition::end() {
     }
     const Ref<UIViewController> gone = m_isGoingBack ? m_to : m_from;
     const Ref<UIViewController> there = m_isGoingBack ? m_from : m_to;
+    // It ended before it was shown.
+    if (there && there == m_to && !(there->viewIfLoaded() && there->view()->isDescendantOfView(controller->m_content)))
+        putUpcoming(controller);
     if (gone)
         ControllerAccess::takeView(gone);
     for (UIViewController* each : {gone.get(), there.get()}) {

@@ -52,14 +52,17 @@ void Presentation::present(bool animated, std::function<void()> completion) {
     const Ref<UIWindow> window = presenter->m_view->window();
     if (m_hidesPresenter)
         presenter->beginAppearanceTransition_animated(false, animated);
-    m_presented->beginAppearanceTransition_animated(true, animated);
+    // The message may have hidden the window: then what is presented appears with it.
+    const bool isSeen = !window->isHidden();
+    if (isSeen)
+        m_presented->beginAppearanceTransition_animated(true, animated);
     const bool isInWindow = presenter->m_view && presenter->m_view->superview() == window;
     const NSInteger index =
         isInWindow ? indexInSuperview(presenter->m_view) + 1 : static_cast<NSInteger>(window->subviews().size());
     ControllerAccess::putView(m_presented, window, index, window->bounds());
     m_tookPresenter = m_hidesPresenter && isInWindow;
     m_done = &Presentation::hasCome;
-    if (animated)
+    if (animated && isSeen)
         glide(m_presented, true, m_done);
     else
         hasCome();

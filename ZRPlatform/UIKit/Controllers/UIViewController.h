@@ -43,6 +43,8 @@ enum UIModalPresentationStyle : NSInteger {
 /// What is asked for inside one of these messages, or of a delegate's or a completion's (a push, a pop, a presentation,
 /// a dismissal, another tab, another root) begins when all messages of the change under way have been sent, and in the
 /// order asked. A container whose views still glide shows their end at once when the next change begins.
+/// A window that is hidden in a message, and a view that is taken out of it by hand, are gone at once: what was about
+/// to glide is then at its end.
 ///
 /// Main thread only, but for the last release.
 class UIViewController : public UIResponder {
@@ -108,8 +110,9 @@ public:
     /// Ignored and logged: nil, the controller itself, a controller that contains it, one that is presented or a
     /// window's root. One that is a child already stays where it is.
     virtual void addChildViewController(UIViewController* child);
-    /// Does nothing without a parent. Ends with `didMoveToParentViewController(nullptr)`. The view stays where it is. An
-    /// appearance that the parent has begun, and cannot end any more, ends now, unless the container tells by itself.
+    /// Does nothing without a parent. Ends with `didMoveToParentViewController(nullptr)`. The view stays where it is.
+    /// An appearance that the parent has begun, and cannot end any more, ends now, unless the container tells by
+    /// itself.
     virtual void removeFromParentViewController();
     virtual void willMoveToParentViewController(UIViewController* parent);
     virtual void didMoveToParentViewController(UIViewController* parent);

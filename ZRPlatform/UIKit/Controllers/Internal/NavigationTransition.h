@@ -23,7 +23,8 @@ public:
     void finish();
 
 private:
-    void tellBeginning(bool animated);
+    bool tellBeginning(bool animated);
+    void putUpcoming(UINavigationController* controller);
     void setUpGlide();
     void turnRound();
     void glideOn(CGFloat progress, NSTimeInterval duration, UIViewAnimationCurve curve);
