@@ -1,3 +1,4 @@
+#include <Tests/ZRPlatform/UIKit/Controllers/DrawingTesting.h>
 #include <Tests/ZRPlatform/UIKit/Controllers/NavigationTesting.h>
 
 namespace zr::tests {
@@ -31,6 +32,39 @@ protected:
         const FramePixel pixel = host.pixel({x, 400});
         return pixel.red > 200 ? 'A' : pixel.green > 100 ? 'B' : pixel.blue > 200 ? 'C' : '?';
     }
+    /// Gives the screen a title and something of each kind to draw.
+    void furnish(Screen* screen) {
+        screen->setTitle(screen->name);
+        auto label = make<UILabel>(&UILabel::initWithFrame, CGRectMake(10.25, 100, 200, 30));
+        label->setText("A line of text");
+        auto button = UIButton::buttonWithType(UIButtonTypeSystem);
+        button->setFrame(CGRectMake(10, 150, 100, 44));
+        button->setTitle_forState("Button", UIControlStateNormal);
+        auto drawing = make<DrawnScreen::DrawnView>(&UIView::initWithFrame, CGRectMake(10, 200, 60, 60));
+        drawing->times = &timesDrawn;
+        for (UIView* view : {static_cast<UIView*>(label), static_cast<UIView*>(button), static_cast<UIView*>(drawing)})
+            screen->view()->addSubview(view);
+    }
+    /// From the frame that follows `begin`, in which new screens are drawn, for `seconds`.
+    void expectNothingDrawn(const char* movement, NSTimeInterval seconds, const std::function<void()>& begin) {
+        SCOPED_TRACE(movement);
+        begin();
+        host.advance(0);
+        const auto drawn = bitmapsIn(window);
+        const int times = timesDrawn;
+        const auto frames = host.framesComposed();
+        ASSERT_GE(drawn.size(), 4u);
+        for (NSTimeInterval time = 0; time < seconds; time += 1 / 60.0) {
+            host.advance(1 / 60.0);
+            ASSERT_EQ(bitmapsIn(window), drawn) << "after " << time;
+        }
+        EXPECT_GE(host.framesComposed(), frames + static_cast<int>(seconds * 60) - 1);
+        EXPECT_EQ(timesDrawn, times);
+        host.advance(1);
+        EXPECT_EQ(timesDrawn, times);
+    }
+
+    int timesDrawn = 0;
 };
 
 } // namespace
@@ -109,6 +143,47 @@ TEST_F(NavigationSlide, NothingIsDrawnMeanwhileAndNothingComposedAfterwards) {
     for (int i = 0; i < 60; ++i)
         host.advance(1 / 60.0);
     EXPECT_EQ(host.framesComposed(), after);
+}
+
+TEST_F(NavigationSlide, OnlyTheFirstFrameOfAMovementDraws) {
+    auto presented = make<UINavigationController>(&UINavigationController::initWithRootViewController, c);
+    for (Screen* screen : {a.get(), b.get(), c.get()})
+        furnish(screen);
+    show(navigation);
+    const auto swipeTo = [&](CGFloat x) {
+        host.touchDown({5, 300});
+        host.touchMove({x, 300});
+        host.advance(1); // no speed left
+        host.touchUp();
+    };
+    const NSTimeInterval slide = 0.3;
+    expectNothingDrawn("push", slide, [&] { navigation->pushViewController_animated(b, true); });
+    expectNothingDrawn("pop", slide, [&] { navigation->popViewControllerAnimated(true); });
+    pushAtOnce(b);
+    expectNothingDrawn("swipe that does not pop", 0.1, [&] { swipeTo(155); });
+    expectNothingDrawn("swipe that pops", 0.1, [&] { swipeTo(205); });
+    expectNothingDrawn("presentation", 0.25,
+                       [&] { navigation->presentViewController_animated_completion(presented, true, nullptr); });
+    expectNothingDrawn("dismissal", 0.25, [&] { navigation->dismissViewControllerAnimated_completion(true, nullptr); });
+}
+
+TEST_F(NavigationSlide, NothingIsDrawnWhileAFingerCarriesAScreen) {
+    for (Screen* screen : {a.get(), b.get()})
+        furnish(screen);
+    show(navigation);
+    pushAtOnce(b);
+    host.touchDown({5, 300});
+    host.touchMove({20, 300});
+    const auto drawn = bitmapsIn(window);
+    for (int x = 25; x < 370; x += 5) {
+        host.touchMove({CGFloat(x), 300}, 1 / 60.0);
+        ASSERT_EQ(bitmapsIn(window), drawn) << x;
+    }
+    EXPECT_EQ(timesDrawn, 2);
+    dynamic_cast<UILabel*>(b->view()->subviews()[0].get())->setText("Another text");
+    host.advance(0);
+    EXPECT_NE(bitmapsIn(window), drawn) << "what is drawn would be seen";
+    host.touchCancel();
 }
 
 TEST_F(NavigationSlide, TouchesAreIgnoredMeanwhile) {
