@@ -474,6 +474,10 @@ protected:
         if (isSliding)
             compareSlidingScreens(content);
         ASSERT_EQ(tabs->view()->subviews()[0]->subviews().size(), 1u);
+        for (const auto& screen : everybody()) {
+            const bool isThere = asWalkScreen(screen)->state == State::There;
+            ASSERT_FALSE(isThere && screen->view()->layer()->hasAnimations()) << "it glides on";
+        }
 
         const int shields = static_cast<int>(window->subviews().size()) - screensIn(window);
         ASSERT_LE(shields, 1);
