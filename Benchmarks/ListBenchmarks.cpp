@@ -3,8 +3,11 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <ctime>
 #include <malloc.h>
 #include <string>
+#include <vector>
 
 using namespace zr;
 
@@ -101,6 +104,39 @@ void FrameOfScrolling(benchmark::State& state) {
     state.counters["cells"] = static_cast<double>(scene.table->visibleCells().size());
 }
 BENCHMARK(FrameOfScrolling)->Arg(1)->Arg(20)->Arg(60)->Arg(200)->Unit(benchmark::kMillisecond);
+
+double threadSeconds() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
+}
+
+/// Flings by a finger, one after the other; of the frames in which the rows fly, the one in the middle.
+void FramesOfAFling(benchmark::State& state) {
+    ListScene<Rows> scene(10'000'000);
+    scene.open();
+    std::vector<double> frames;
+    std::vector<CGFloat> steps;
+    for (auto _ : state) {
+        scene.host.touchDown({200, 600});
+        scene.host.touchMove({200, 200}, 0.12);
+        scene.host.touchUp();
+        for (int frame = 0; frame < 60; ++frame) {
+            const double start = threadSeconds();
+            const CGFloat offset = scene.table->contentOffset().y;
+            scene.host.advance(1 / 60.0);
+            frames.push_back(1000 * (threadSeconds() - start));
+            steps.push_back(scene.table->contentOffset().y - offset);
+        }
+    }
+    const auto median = [](auto& values) {
+        std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
+        return values[values.size() / 2];
+    };
+    state.counters["median frame in ms"] = median(frames);
+    state.counters["median step in points"] = median(steps);
+}
+BENCHMARK(FramesOfAFling)->Unit(benchmark::kMillisecond);
 
 /// A row that is deleted from and one that is added to a long list, and the cells' way to their places.
 void ChangeOfRows(benchmark::State& state) {

@@ -54,6 +54,7 @@ void UITableView::load() {
     m_needsLoad = false;
     ++m_generation;
     *m_geometry = std::move(geometry);
+    *m_changes = RowChanges();
     m_selection->clear();
     retireAll();
     updateContentSize();

@@ -42,7 +42,8 @@ Extent UITableView::edgeExtent(Edge edge, NSInteger section) const {
 
 void UITableView::layoutSubviews() {
     UIScrollView::layoutSubviews();
-    if (m_isShowing)
+    // Between the beginning and the end of a change the data source may have made it or not.
+    if (m_isShowing || m_updateDepth > 0)
         return;
     const Ref<UITableView> keep = this;
     loadIfNeeded();

@@ -153,9 +153,11 @@ void UITableView::Update::letGo(const Ref<UITableViewCell>& cell, const NSIndexP
 void UITableView::Update::moveRows() {
     const std::vector<NSIndexPath> visible = m_table.m_geometry->rowsIn(m_table.visibleExtent());
     for (const auto& row : m_views.rows) {
+        const CGSize size = row.cell->bounds().size;
         row.cell->setFrame(m_table.rectOf(m_table.m_geometry->row(row.path)));
         m_table.renewSeparators(row.cell);
-        if (m_animated)
+        // What is in a cell that grows or shrinks goes along.
+        if (m_animated && !(row.cell->bounds().size == size))
             row.cell->layoutIfNeeded();
     }
     std::erase_if(m_views.rows, [&](const TableViews::Row& row) {
@@ -227,6 +229,7 @@ void UITableView::endUpdates() {
     if (m_updateDepth == 0 || --m_updateDepth > 0)
         return;
     RowChanges changes = std::exchange(*m_changes, RowChanges());
+    setNeedsLayout();
     apply(changes);
 }
 
@@ -243,6 +246,12 @@ UITableView::Counts UITableView::counts() const {
     for (NSInteger section = 0; section < m_geometry->numberOfSections(); ++section)
         all.push_back(m_geometry->numberOfRows(section));
     return all;
+}
+
+/// The rows stay, and have other heights at once.
+void UITableView::askForHeightsAgain() {
+    RowChanges none;
+    UIView::performWithoutAnimation([&] { apply(none); });
 }
 
 void UITableView::apply(RowChanges& changes) {

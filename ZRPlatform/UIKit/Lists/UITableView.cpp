@@ -122,7 +122,7 @@ void UITableView::setHeight(CGFloat& field, CGFloat height) {
     if (!std::isfinite(height) || height < 0 || height == field)
         return;
     field = height;
-    setNeedsLoad();
+    askForHeightsAgain();
 }
 
 void UITableView::setRowHeight(CGFloat height) { setHeight(m_rowHeight, height); }

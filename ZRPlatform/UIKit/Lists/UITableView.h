@@ -183,8 +183,9 @@ public:
     /// @name Changes
     /// What goes is named by its place before the changes, what comes by its place after them. Changes between begin
     /// and end are one change, in which their order does not matter; the data source must have all of them when the
-    /// last end is called. Cells move to their new places in 0.3 s, heights are asked for again, and what is selected
-    /// stays so. Without a window, or when all animations are none, all is done at once.
+    /// last end is called, and nothing comes into sight before that. Cells move to their new places in 0.3 s, heights
+    /// are asked for again, and what is selected stays so. Without a window, or when all animations are none, all is
+    /// done at once.
     /// @{
     virtual void beginUpdates();
     virtual void endUpdates();
@@ -309,6 +310,7 @@ private:
     template <class Note>
     void change(const Note& note);
     void apply(RowChanges& changes);
+    void askForHeightsAgain();
     Counts counts() const;
     void reloadBecause(const NSString& problem);
 

@@ -74,6 +74,9 @@ public:
 
     /// In steps of the cell's indentation width; asked as the row comes into sight.
     virtual NSInteger tableView_indentationLevelForRowAtIndexPath(UITableView*, const NSIndexPath&) { return 0; }
+
+private:
+    static void leaveUnanswered(UITableView* tableView);
 };
 
 } // namespace zr

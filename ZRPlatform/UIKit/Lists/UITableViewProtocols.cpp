@@ -8,18 +8,23 @@ Ref<UITableViewCell> UITableViewDataSource::tableView_cellForRowAtIndexPath(UITa
 
 // Nobody overrides these, or they would not be called: the table learns that it need not ask on.
 
+void UITableViewDelegate::leaveUnanswered(UITableView* tableView) {
+    if (tableView)
+        tableView->m_wasAnswered = false;
+}
+
 CGFloat UITableViewDelegate::tableView_heightForRowAtIndexPath(UITableView* tableView, const NSIndexPath&) {
-    tableView->m_wasAnswered = false;
+    leaveUnanswered(tableView);
     return UITableViewAutomaticDimension;
 }
 
 Ref<UIView> UITableViewDelegate::tableView_viewForHeaderInSection(UITableView* tableView, NSInteger) {
-    tableView->m_wasAnswered = false;
+    leaveUnanswered(tableView);
     return nullptr;
 }
 
 Ref<UIView> UITableViewDelegate::tableView_viewForFooterInSection(UITableView* tableView, NSInteger) {
-    tableView->m_wasAnswered = false;
+    leaveUnanswered(tableView);
     return nullptr;
 }
 

@@ -278,6 +278,42 @@ TEST_F(UpdatedTable, AReloadInTheMiddleOfAChangeEndsIt) {
     EXPECT_EQ(shownItems(), (std::vector<int>{0, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}));
 }
 
+TEST_F(UpdatedTable, NothingComesIntoSightInTheMiddleOfSeveralChanges) {
+    const LogLines log;
+    table->beginUpdates();
+    list->section(0).erase(list->section(0).begin());
+    table->setContentOffset({0, 100});
+    host.advance(0);
+    EXPECT_EQ(shownItems(), NumberList::numbers(11)) << "the list is between two states";
+    table->deleteRowsAtIndexPaths_withRowAnimation({rowPath(0, 0)}, kFade);
+    table->endUpdates();
+    host.advance(1);
+    EXPECT_EQ(shownItems(), NumberList::numbers(12, 3));
+    EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(UpdatedTable, AReloadInTheMiddleOfSeveralChangesIsAllThereIsToDo) {
+    const LogLines log;
+    table->beginUpdates();
+    table->deleteRowsAtIndexPaths_withRowAnimation({rowPath(0, 0)}, kFade);
+    list->fill(5);
+    table->reloadData();
+    table->endUpdates();
+    host.advance(1);
+    EXPECT_EQ(shownItems(), NumberList::numbers(5));
+    EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(UpdatedTable, AnotherRowHeightKeepsCellsAndSelection) {
+    const Ref<RowCell> second = cellAt(1);
+    table->selectRowAtIndexPath_animated_scrollPosition(rowPath(0, 1), false, UITableViewScrollPositionNone);
+    table->setRowHeight(50);
+    EXPECT_EQ(cellAt(1), second.get());
+    EXPECT_EQ(second->frame(), CGRectMake(0, 50, 320, 50));
+    EXPECT_FALSE(second->layer()->hasAnimations());
+    EXPECT_EQ(table->indexPathForSelectedRow(), rowPath(0, 1));
+}
+
 TEST_F(UpdatedTable, ATableWithoutAWindowChangesAtOnce) {
     table->removeFromSuperview();
     insert(0, 100);
