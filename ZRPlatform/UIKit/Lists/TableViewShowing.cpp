@@ -159,8 +159,12 @@ void UITableView::dressCell(UITableViewCell* cell, const NSIndexPath& path) {
     cell->setHighlighted_animated(m_selection->touchedRow() == path, false);
     if (cell->isEditing() != m_editing)
         cell->setEditing_animated(m_editing, false);
-    if (const auto asked = askedDelegate())
-        cell->setIndentationLevel(asked->tableView_indentationLevelForRowAtIndexPath(this, path));
+    if (const auto asked = askedDelegate()) {
+        m_wasAnswered = true;
+        const NSInteger level = asked->tableView_indentationLevelForRowAtIndexPath(this, path);
+        if (m_wasAnswered)
+            cell->setIndentationLevel(level);
+    }
     renewSeparators(cell);
 }
 

@@ -72,8 +72,9 @@ public:
     virtual void tableView_accessoryButtonTappedForRowWithIndexPath(UITableView*, const NSIndexPath&) {}
     /// @}
 
-    /// In steps of the cell's indentation width; asked as the row comes into sight.
-    virtual NSInteger tableView_indentationLevelForRowAtIndexPath(UITableView*, const NSIndexPath&) { return 0; }
+    /// In steps of the cell's indentation width; asked as the row comes into sight. A delegate that does not answer
+    /// leaves the cell's own.
+    virtual NSInteger tableView_indentationLevelForRowAtIndexPath(UITableView* tableView, const NSIndexPath& indexPath);
 
 private:
     static void leaveUnanswered(UITableView* tableView);

@@ -28,4 +28,9 @@ Ref<UIView> UITableViewDelegate::tableView_viewForFooterInSection(UITableView* t
     return nullptr;
 }
 
+NSInteger UITableViewDelegate::tableView_indentationLevelForRowAtIndexPath(UITableView* tableView, const NSIndexPath&) {
+    leaveUnanswered(tableView);
+    return 0;
+}
+
 } // namespace zr

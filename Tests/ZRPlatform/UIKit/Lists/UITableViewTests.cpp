@@ -422,6 +422,10 @@ TEST_F(Table, IndentationIsAskedForAsTheRowComesIntoSight) {
     table->setDelegate(indented);
     host.advance(0);
     EXPECT_EQ(cellAt(2)->indentationLevel(), 2);
+    list->fill(3);
+    table->setDelegate(list);
+    host.advance(0);
+    EXPECT_EQ(cellAt(0)->indentationLevel(), 2) << "nobody answers: the cell's own, which showed the last row";
 }
 
 TEST_F(Table, CellsKnowTheirTable) {
