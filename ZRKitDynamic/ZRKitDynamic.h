@@ -25,4 +25,8 @@
 #include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBar.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBarDelegate.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
+#include <ZRKitDynamic/ZRTableViewCell/ZRTableView.h>
+#include <ZRKitDynamic/ZRTableViewCell/ZRTableViewDataSource.h>
+#include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowAction.h>
+#include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowButton.h>
 #include <ZRKitDynamic/ZRView/ZRShadowAnimationView.h>

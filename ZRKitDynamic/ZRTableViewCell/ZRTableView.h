@@ -1,0 +1,44 @@
+#pragma once
+
+#include <ZRKitDynamic/ZRTableViewCell/ZRTableViewDataSource.h>
+#include <ZRPlatform/UIKit/Lists/UITableView.h>
+
+namespace zr {
+
+class ZRTableViewRowButton;
+
+/// A table view whose rows can be swiped open to reveal buttons, if its cells are `ZRTableViewCellSlip` and its data
+/// source is a `ZRTableViewDataSource` too.
+///
+/// At most one row is open. While one is, the table does not scroll. Main thread only.
+class ZRTableView : public UITableView {
+public:
+    /// Whether a row is open, opening, or closing after a touch elsewhere: no other one can be swiped meanwhile. The
+    /// cells set it; false at first.
+    bool zrIsSwipped() const { return m_zrIsSwipped; }
+    virtual void setZrIsSwipped(bool swiped) { m_zrIsSwipped = swiped; }
+
+    /// @name For the cells
+    /// @{
+    /// The cell has opened; held weakly. One that was open before is forgotten, not closed.
+    virtual void tableViewCellSwiped(UITableViewCell* cell);
+    /// The data source's actions for the cell's row.
+    virtual std::vector<Ref<ZRTableViewRowAction>> tableViewSwippedActions(UITableViewCell* cell);
+    /// The data source's answer for the cell's row.
+    virtual bool zrCanEditRowAtIndexPath(UITableViewCell* cell);
+    /// Runs the block of the button's action, then forgets the open cell and scrolls again; the cell stays as it is.
+    /// Nothing happens when there is no block. The block may do anything, delete the row or let go of the table
+    /// included.
+    virtual void tableViewCellSwipedButtonClicked_button(UITableViewCell* cell, ZRTableViewRowButton* button);
+    /// @}
+
+protected:
+    const KeyTable& keyTable() const override;
+
+private:
+    /// Its buttons are showing.
+    Weak<UITableViewCell> m_zrEditingCell;
+    bool m_zrIsSwipped = false;
+};
+
+} // namespace zr
