@@ -26,6 +26,7 @@
 #include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBarDelegate.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableView.h>
+#include <ZRKitDynamic/ZRTableViewCell/ZRTableViewCell.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewDataSource.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowAction.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowButton.h>
