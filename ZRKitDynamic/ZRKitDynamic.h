@@ -24,6 +24,7 @@
 #include <ZRKitDynamic/ZRTAlertView/ZRToastView.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBar.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBarDelegate.h>
+#include <ZRKitDynamic/ZRTNavigationController/ZRTTableViewController.h>
 #include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableView.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewCell.h>
