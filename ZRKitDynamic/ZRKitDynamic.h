@@ -28,6 +28,7 @@
 #include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableView.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewCell.h>
+#include <ZRKitDynamic/ZRTableViewCell/ZRTableViewCellSlip.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewDataSource.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowAction.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowButton.h>

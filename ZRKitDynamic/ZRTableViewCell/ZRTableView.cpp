@@ -1,5 +1,6 @@
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableView.h>
 
+#include <ZRKitDynamic/ZRTableViewCell/ZRTableViewCellSlip.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowButton.h>
 #include <ZRPlatform/Foundation/NSKeyValueCoding.h>
 
@@ -54,6 +55,25 @@ void ZRTableView::tableViewCellSwipedButtonClicked_button(UITableViewCell* cell,
     block(action, path);
     m_zrEditingCell = nullptr;
     setScrollEnabled(true);
+}
+
+/// A cell that closes without a touch, so that the next one does not go into closing it.
+void ZRTableView::forgetSwipedCell(const UITableViewCell* cell) {
+    if (m_zrEditingCell.get() == cell)
+        m_zrEditingCell = nullptr;
+}
+
+// Touches
+
+void ZRTableView::touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) {
+    const Ref<UITableViewCell> open = m_zrEditingCell.lock();
+    if (!open) {
+        UITableView::touchesBegan_withEvent(touches, event);
+        return;
+    }
+    if (auto* cell = dynamic_cast<ZRTableViewCellSlip*>(open.get()))
+        cell->removeCellSwipped();
+    m_zrEditingCell = nullptr;
 }
 
 } // namespace zr

@@ -10,7 +10,8 @@ class ZRTableViewRowButton;
 /// A table view whose rows can be swiped open to reveal buttons, if its cells are `ZRTableViewCellSlip` and its data
 /// source is a `ZRTableViewDataSource` too.
 ///
-/// At most one row is open. While one is, the table does not scroll. Main thread only.
+/// At most one row is open. While one is, the table does not scroll, and the next touch in it closes the row and is
+/// none of the table's: it selects nothing. (The cell under the finger still runs its own blocks.) Main thread only.
 class ZRTableView : public UITableView {
 public:
     /// Whether a row is open, opening, or closing after a touch elsewhere: no other one can be swiped meanwhile. The
@@ -32,10 +33,17 @@ public:
     virtual void tableViewCellSwipedButtonClicked_button(UITableViewCell* cell, ZRTableViewRowButton* button);
     /// @}
 
+    /// Closes the row that is open; only without one the touch counts.
+    void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
+
 protected:
     const KeyTable& keyTable() const override;
 
 private:
+    friend class ZRTableViewCellSlip;
+
+    void forgetSwipedCell(const UITableViewCell* cell);
+
     /// Its buttons are showing.
     Weak<UITableViewCell> m_zrEditingCell;
     bool m_zrIsSwipped = false;
