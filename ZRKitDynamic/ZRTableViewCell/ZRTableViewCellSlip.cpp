@@ -233,6 +233,8 @@ void ZRTableViewCellSlip::resetSwipButton() {
 void ZRTableViewCellSlip::placeAtRest() {
     ++m_movement;
     UIView::performWithoutAnimation([this] { placeCenters(m_defaultContentViewCenter.x, closedStripX()); });
+    // What is under way would go on to the new place in its own time.
+    contentView()->layer()->removeAnimationForKey("position");
 }
 
 void ZRTableViewCellSlip::freeTable(const Ref<ZRTableView>& table) {
