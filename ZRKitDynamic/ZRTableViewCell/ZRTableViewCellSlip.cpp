@@ -163,26 +163,29 @@ void ZRTableViewCellSlip::cellSwipedAnimationWithPoint(CGPoint point) {
 }
 
 void ZRTableViewCellSlip::finishedCellSwipedAnimationWithPoint(CGPoint) {
-    if (!zrCanEditing())
+    const bool canEdit = zrCanEditing();
+    const Ref<ZRTableView> table = swipeTable();
+    if (!canEdit || !table)
         return;
-    if (m_defaultContentViewCenter.x - contentView()->center().x <= m_actionButtonWidth)
-        close();
+    if (m_zrEditingView && !m_lockedTable && table->zrIsSwipped())
+        close(nullptr); // two fingers on two rows: the other one has opened, and stays open
+    else if (m_defaultContentViewCenter.x - contentView()->center().x <= m_actionButtonWidth)
+        close(table);
     else
-        open();
+        open(table);
 }
 
 // Settling
 
-void ZRTableViewCellSlip::open() {
-    ++m_movement;
-    UIView::animateWithDuration_animations(kSettling, [this] {
-        const Ref<ZRTableView> table = swipeTable();
-        m_lockedTable = table;
-        if (table)
+void ZRTableViewCellSlip::open(const Ref<ZRTableView>& table) {
+    settle(
+        [this, &table] {
+            m_lockedTable = table;
             table->setZrIsSwipped(true);
-        placeCenters(m_defaultContentViewCenter.x - stripWidth(), openStripX());
-        cellSwipedAction();
-    });
+            placeCenters(m_defaultContentViewCenter.x - stripWidth(), openStripX());
+            cellSwipedAction();
+        },
+        [] {});
 }
 
 void ZRTableViewCellSlip::cellSwipedAction() {
@@ -190,37 +193,37 @@ void ZRTableViewCellSlip::cellSwipedAction() {
         table->tableViewCellSwiped(this);
 }
 
-/// After a drag that was too short. Other rows can be swiped from now on.
-void ZRTableViewCellSlip::close() {
+/// After a drag. Other rows of `table`, if any, can be swiped from now on, and it scrolls again afterwards.
+void ZRTableViewCellSlip::close(const Ref<ZRTableView>& table) {
     m_lockedTable = nullptr;
-    const Weak<ZRTableViewCellSlip> weakSelf = this;
-    UIView::animateWithDuration_animations_completion(
-        kSettling,
-        [this] {
-            if (const Ref<ZRTableView> table = swipeTable())
+    settle(
+        [this, &table] {
+            if (table)
                 table->setZrIsSwipped(false);
             placeCenters(m_defaultContentViewCenter.x, closedStripX());
         },
-        [weakSelf, movement = ++m_movement](bool) {
-            const Ref<ZRTableViewCellSlip> self = weakSelf.lock();
-            if (!self || self->m_movement != movement)
-                return;
-            if (const Ref<ZRTableView> table = self->swipeTable())
-                table->setScrollEnabled(true);
-            self->removeStrip();
+        [this, weakTable = Weak<ZRTableView>(table)] {
+            if (const Ref<ZRTableView> freed = weakTable.lock())
+                freed->setScrollEnabled(true);
+            removeStrip();
         });
 }
 
 void ZRTableViewCellSlip::removeCellSwipped() {
-    const Weak<ZRTableViewCellSlip> weakSelf = this;
+    settle([this] { placeCenters(m_defaultContentViewCenter.x, closedStripX()); },
+           [this] {
+               freeTable(swipeTable());
+               removeStrip();
+           });
+}
+
+/// `afterwards` is dropped when something else has moved the row meanwhile, or the cell is gone.
+void ZRTableViewCellSlip::settle(const std::function<void()>& movement, const std::function<void()>& afterwards) {
     UIView::animateWithDuration_animations_completion(
-        kSettling, [this] { placeCenters(m_defaultContentViewCenter.x, closedStripX()); },
-        [weakSelf, movement = ++m_movement](bool) {
+        kSettling, movement, [weakSelf = Weak<ZRTableViewCellSlip>(this), number = ++m_movement, afterwards](bool) {
             const Ref<ZRTableViewCellSlip> self = weakSelf.lock();
-            if (!self || self->m_movement != movement)
-                return;
-            self->freeTable(self->swipeTable());
-            self->removeStrip();
+            if (self && self->m_movement == number)
+                afterwards();
         });
 }
 
@@ -247,7 +250,7 @@ void ZRTableViewCellSlip::freeTable(const Ref<ZRTableView>& table) {
 
 /// Because the row is not what was swiped any more. A table that is locked on another row's account stays so.
 void ZRTableViewCellSlip::giveUp() {
-    if (!m_zrEditingView)
+    if (!m_zrEditingView && !m_lockedTable)
         return;
     placeAtRest();
     if (const Ref<ZRTableView> table = m_lockedTable.lock()) {
@@ -268,14 +271,15 @@ void ZRTableViewCellSlip::willMoveToSuperview(UIView* superview) {
 void ZRTableViewCellSlip::layoutSubviews() {
     const CGRect before = contentView()->frame();
     ZRTableViewCell::layoutSubviews();
-    const CGRect after = contentView()->frame();
+    const CGPoint center = contentView()->center();
+    const CGSize size = contentView()->frame().size;
     if (!m_zrEditingView) {
-        m_defaultContentViewCenter = contentView()->center();
-    } else if (after.size.width != before.size.width) {
-        m_defaultContentViewCenter = contentView()->center();
+        m_defaultContentViewCenter = center;
+    } else if (size.width != before.size.width) {
+        m_defaultContentViewCenter = center;
         giveUp();
-    } else if (after != before) {
-        contentView()->setCenter({CGRectGetMidX(before), CGRectGetMidY(after)});
+    } else if (size.height != before.size.height) {
+        contentView()->setCenter({CGRectGetMidX(before), center.y});
         resizeStrip();
     }
 }

@@ -19,6 +19,8 @@ class ZRTableViewRowButton;
 /// else it closes. While a row is open no other can be swiped. A tap of a button leaves the row open. A drag that is
 /// cancelled leaves the content where the finger was; the next drag takes that for the place of rest.
 ///
+/// Two fingers may drag two rows; the one that opens first stays open, and the other one closes.
+///
 /// All buttons should be of one width. Each lies at its own width times its number, and the strip that they are on is
 /// as wide as their number times the last one's width, so buttons of several widths overlap or leave gaps. Widths that
 /// are negative or no numbers count as 0.
@@ -78,8 +80,9 @@ private:
     CGFloat openStripX() const;
     void placeCenters(CGFloat contentX, CGFloat stripX);
     void addButton(ZRTableViewRowAction* action, NSInteger index);
-    void open();
-    void close();
+    void open(const Ref<ZRTableView>& table);
+    void close(const Ref<ZRTableView>& table);
+    void settle(const std::function<void()>& movement, const std::function<void()>& afterwards);
     void removeStrip();
     void resizeStrip();
     void placeAtRest();
