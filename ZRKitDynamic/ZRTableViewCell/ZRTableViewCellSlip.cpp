@@ -111,6 +111,9 @@ void ZRTableViewCellSlip::zrEditingButtonClicked(ZRTableViewRowButton* button) {
 // Whose drag it is
 
 bool ZRTableViewCellSlip::gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) {
+    // Asked as one of the views that a finger on its way to a superview's recogniser went through.
+    if (recognizer && superview() && superview()->isDescendantOfView(recognizer->view()))
+        return ZRTableViewCell::gestureRecognizerShouldBegin(recognizer);
     const Ref<ZRTableView> table = swipeTable();
     if (UIDevice::currentDevice()->systemVersion().intValue() > kLastVersionWithoutLock && table &&
         table->zrIsSwipped())
@@ -203,7 +206,8 @@ void ZRTableViewCellSlip::close(const Ref<ZRTableView>& table) {
             placeCenters(m_defaultContentViewCenter.x, closedStripX());
         },
         [this, weakTable = Weak<ZRTableView>(table)] {
-            if (const Ref<ZRTableView> freed = weakTable.lock())
+            // Another row may have opened meanwhile.
+            if (const Ref<ZRTableView> freed = weakTable.lock(); freed && !freed->zrIsSwipped())
                 freed->setScrollEnabled(true);
             removeStrip();
         });

@@ -65,7 +65,7 @@ public:
     /// @}
 
     /// No for any while a row is open or closing (but on systems before 6), and for the cell's own drag when it is more
-    /// vertical than horizontal.
+    /// vertical than horizontal. What the superviews recognise, as the table its scrolling, is not the cell's to stop.
     bool gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) override;
     /// A drag goes together with other gestures while it has no vertical speed to speak of: 0.2 points a second.
     bool gestureRecognizer_shouldRecognizeSimultaneouslyWithGestureRecognizer(UIGestureRecognizer* recognizer,

@@ -82,6 +82,21 @@ TEST_F(SlipDrag, BeginsWhenItIsAtLeastAsHorizontalAsVertical) {
 
 TEST_F(SlipDrag, BeginsWithoutAWayToo) { EXPECT_TRUE(cell(1)->gestureRecognizerShouldBegin(pan(1))); }
 
+TEST_F(SlipDrag, DirectionsAreThoseOfTheTable) {
+    // Turned by a quarter, what is horizontal in the table is vertical on the screen.
+    table->setTransform(CGAffineTransformMakeRotation(M_PI_2));
+    host.advance(0);
+    const CGPoint start = cell(3)->convertPoint_toView({200, 30}, nullptr);
+    host.touchDown(start);
+    host.touchMove({start.x, start.y - 20});
+    EXPECT_EQ(pan(3)->state(), UIGestureRecognizerStateBegan);
+    host.touchCancel();
+    host.touchDown(start);
+    host.touchMove({start.x - 20, start.y});
+    EXPECT_EQ(pan(3)->state(), UIGestureRecognizerStateFailed);
+    host.touchCancel();
+}
+
 TEST_F(SlipDrag, LetsEveryOtherRecogniserBegin) {
     const auto tap = make<UITapGestureRecognizer>();
     const auto otherPan = make<UIPanGestureRecognizer>();

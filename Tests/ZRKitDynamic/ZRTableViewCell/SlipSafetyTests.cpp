@@ -289,6 +289,19 @@ TEST_F(SlipSafety, AnOpenCellMayGoToAnotherTable) {
     EXPECT_TRUE(table->isScrollEnabled());
 }
 
+TEST_F(SlipSafety, ARowThatHasClosedLeavesTheTableToTheOneThatIsOpenNow) {
+    giveActions({action(70)});
+    swipe(3, 80);
+    settle();
+    cell(3)->finishedCellSwipedAnimationWithPoint(CGPointZero); // as near to closed as one button is wide
+    swipe(5, 80);
+    expectOpen(5, 70);
+    cell(3)->removeFromSuperview();
+    host.advance(1);
+    expectOpen(5, 70);
+    EXPECT_FALSE(table->isScrollEnabled());
+}
+
 // Tables that go
 
 TEST_F(SlipSafety, ATableMayGoAtAnyMomentOfASwipe) {

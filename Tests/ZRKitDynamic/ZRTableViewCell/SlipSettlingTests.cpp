@@ -151,6 +151,16 @@ TEST_F(SlipSettling, ARowThatClosesAfterAShortDragHoldsNoOtherUp) {
     EXPECT_TRUE(table->isScrollEnabled());
 }
 
+TEST_F(SlipSettling, ARowThatHasClosedLetsNoTableScrollInWhichAnotherOneHasOpened) {
+    swipe(3, 60);
+    host.advance(0.1);
+    swipe(5, 100);
+    host.advance(1);
+    expectOpen(5);
+    EXPECT_EQ(cell(3)->strip(), nullptr);
+    EXPECT_FALSE(table->isScrollEnabled());
+}
+
 TEST_F(SlipSettling, AShortDragIsNotKnownToTheTable) {
     swipe(3, 60);
     tapRow(5);
@@ -320,6 +330,18 @@ TEST_F(SlipSettling, AfterATapOfAButtonTheTableIsFreeButForSwipes) {
     swipe(6);
     settle();
     expectOpen(6, 70);
+}
+
+TEST_F(SlipSettling, AfterATapOfAButtonRowsCanBeDraggedToScroll) {
+    giveActions({list->noting(70, "A")});
+    swipe(3, 80);
+    settle();
+    tapButton(3, 0);
+    host.touchDown({20, 400});
+    host.touchMove({20, 350}, 0.2);
+    EXPECT_EQ(table->contentOffset().y, 40);
+    host.touchUp();
+    expectOpen(3, 70);
 }
 
 TEST_F(SlipSettling, AButtonCanBeTappedAgainAndAgain) {

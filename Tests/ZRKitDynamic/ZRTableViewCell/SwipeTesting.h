@@ -26,6 +26,10 @@ class MessageCell : public ZRTableViewCellSlip {
 public:
     MessageCell() { ++alive; }
     ~MessageCell() override { --alive; }
+    void prepareForReuse() override {
+        ZRTableViewCellSlip::prepareForReuse();
+        ++reuses;
+    }
 
     UIView* strip() const {
         for (const auto& view : subviews()) {
@@ -43,6 +47,7 @@ public:
     CGFloat seenStripX() const { return strip()->layer()->presentationValues().position.x; }
 
     int message = -1;
+    int reuses = 0;
     inline static int alive = 0;
 };
 
