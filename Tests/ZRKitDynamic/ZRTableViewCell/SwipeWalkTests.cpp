@@ -8,6 +8,12 @@ namespace zr::testing {
 
 namespace {
 
+#ifdef NDEBUG
+constexpr int kSteps = 12'500;
+#else
+/// Builds that look for mistakes, with sanitizers for example, take ten times as long over a step.
+constexpr int kSteps = 1'250;
+#endif
 /// A small screen, so that a frame costs little.
 constexpr CGFloat kShortSide = 110, kLongSide = 120;
 constexpr CGFloat kRow = 20;
@@ -396,7 +402,7 @@ protected:
 } // namespace
 
 TEST_P(SwipeWalk, ShowsWhatTheListHasAndWhatWasSwiped) {
-    for (int count = 0; count < 12'500; ++count) {
+    for (int count = 0; count < kSteps; ++count) {
         step();
         expectSwipes();
         expectRows();
