@@ -10,7 +10,7 @@ const std::vector<Page>& allPages() {
         for (const auto& pagesOfOneKind :
              {alertStylePages(), alertButtonPages(), alertTextPages(), toastPages(), tipsPages(), hudIndicatorPages(),
               hudTextPages(), hudBoxPages(), hudTimePages(), hudTaskPages(), buttonPages(), controlPages(),
-              imagePages(), animationPages(), barPages(), screenPages(), themePages()})
+              imagePages(), animationPages(), barPages(), screenPages(), swipeListPages(), themePages()})
             all.insert(all.end(), pagesOfOneKind.begin(), pagesOfOneKind.end());
         return all;
     }();

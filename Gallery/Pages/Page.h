@@ -52,6 +52,7 @@ std::vector<Page> imagePages();
 std::vector<Page> animationPages();
 std::vector<Page> barPages();
 std::vector<Page> screenPages();
+std::vector<Page> swipeListPages();
 std::vector<Page> themePages();
 
 } // namespace zr::gallery

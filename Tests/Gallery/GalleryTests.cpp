@@ -82,6 +82,7 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "bar-hues",
                                          "screen-stack",
                                          "vertical-drag",
+                                         "list-swipe",
                                          "theme-colors"};
 
 std::size_t lineCount(const std::string& text) { return static_cast<std::size_t>(std::ranges::count(text, '\n')); }
