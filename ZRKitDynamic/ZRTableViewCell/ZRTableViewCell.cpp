@@ -7,6 +7,7 @@
 #include <ZRPlatform/UIKit/Controls/UIButton.h>
 #include <ZRPlatform/UIKit/Text/NSString+Drawing.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -313,8 +314,8 @@ void ZRTableViewCell::placeAccessories() {
 
 void ZRTableViewCell::placeTexts() {
     const CGFloat taken = widthOf(m_zrImageView) + widthOf(m_zrAccessoryLabel) + widthOf(m_zrAccessoryView);
-    const Column column{CGRectGetMaxX(m_zrImageView->frame()) + kMargin,
-                        frame().size.width - 2 * kMargin - taken - kTitleGap};
+    const CGFloat room = frame().size.width - 2 * kMargin - taken - kTitleGap;
+    const Column column{CGRectGetMaxX(m_zrImageView->frame()) + kMargin, std::max<CGFloat>(room, 0)};
     const TextFrames frames =
         textFrames(column, contentView()->frame().size.height, m_zrDetailTextLabel->frame().size.height,
                    hasText(m_zrDetailTextLabel), hasText(m_zrMarkTextLabel));

@@ -39,7 +39,7 @@ enum ZRAccessoryType : std::int64_t {
 ///
 /// Texts may be nil or of any length: a line shows what fits it. The cell places what it has at its next layout; who
 /// changes texts, images or `showFullLine` of a row in sight asks for one. Cells of no size, or of one that is not a
-/// number, place their parts by the same rules, and show nothing of what then has no room. Main thread only.
+/// number, place their parts by the same rules; texts that are left no room have no width. Main thread only.
 class ZRTableViewCell : public UITableViewCell {
 public:
     /// `style`: `ZRTableViewCellStyleMark`, or any other number for a cell without the mark label.

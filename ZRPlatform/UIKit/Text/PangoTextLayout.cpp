@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <optional>
 
 namespace zr {
 
@@ -15,6 +17,8 @@ namespace {
 constexpr const char* kEllipsis = "\xE2\x80\xA6";
 /// A line may stick out of the room by less than any screen shows.
 constexpr CGFloat kTolerance = 1.0 / 64;
+/// Bytes of a long text that are broken into lines at first.
+constexpr std::size_t kFirstTried = 2048;
 
 FontFace faceOf(const UIFont& font) { return {font.familyName(), font.weight(), font.isItalic()}; }
 
@@ -93,6 +97,17 @@ bool cutLongLine(std::string& line, NSLineBreakMode mode) {
     first = characterStart(line, first);
     line.erase(first, characterStart(line, last) - first);
     return true;
+}
+
+/// How many lines the room can take at most; nothing where that is without limit.
+std::optional<std::size_t> mostLines(const TextRequest& request) {
+    std::optional<std::size_t> most;
+    if (request.lineLimit > 0)
+        most = request.lineLimit;
+    const CGFloat byHeight = request.height / (request.font->ascender() - request.font->descender()) + 1;
+    if (byHeight < static_cast<CGFloat>(request.text.length()))
+        most = std::min(most.value_or(SIZE_MAX), static_cast<std::size_t>(byHeight));
+    return most;
 }
 
 bool readsRightToLeft(PangoLayoutLine* line) {
@@ -196,12 +211,27 @@ PangoLayout* PangoTextLayout::makeLayout(const TextRequest& request, const std::
     return layout;
 }
 
+/// Broken into lines as far as can be seen: shaping all of a long text would take long. How a line ends depends on
+/// nothing that is more than a line behind it.
+PangoLayout* PangoTextLayout::makeBrokenLayout(const TextRequest& request) {
+    const std::string& text = m_indices.text();
+    const auto most = mostLines(request);
+    for (std::size_t tried = kFirstTried;; tried *= 4) {
+        const bool isAll = !most || tried >= text.size();
+        PangoLayout* layout = makeLayout(request, isAll ? text : text.substr(0, characterStart(text, tried)));
+        pango_layout_set_width(layout, pangoUnits(request.width));
+        pango_layout_set_wrap(layout, request.lineBreakMode == NSLineBreakByCharWrapping ? PANGO_WRAP_CHAR
+                                                                                         : PANGO_WRAP_WORD_CHAR);
+        pango_layout_set_justify(layout, request.alignment == NSTextAlignmentJustified);
+        if (isAll || static_cast<std::size_t>(pango_layout_get_line_count(layout)) > *most + 1)
+            return layout;
+        m_layouts.pop_back();
+        g_object_unref(layout);
+    }
+}
+
 void PangoTextLayout::layOutLines(const TextRequest& request) {
-    PangoLayout* layout = makeLayout(request, m_indices.text());
-    pango_layout_set_width(layout, pangoUnits(request.width));
-    pango_layout_set_wrap(layout,
-                          request.lineBreakMode == NSLineBreakByCharWrapping ? PANGO_WRAP_CHAR : PANGO_WRAP_WORD_CHAR);
-    pango_layout_set_justify(layout, request.alignment == NSTextAlignmentJustified);
+    PangoLayout* layout = makeBrokenLayout(request);
     CGFloat height = 0;
     for (GSList* lines = pango_layout_get_lines_readonly(layout); lines; lines = lines->next) {
         if (request.lineLimit > 0 && m_lines.size() == request.lineLimit) {

@@ -116,6 +116,30 @@ TEST(TextLayout, OfALineCutAtItsHeadOrInItsMiddleTheEndsThatShowAreKept) {
     }
 }
 
+TEST(TextLayout, OfATextOfFarMoreLinesThanTheRoomOnlyTheFirstAreBroken) {
+    std::string words, chinese;
+    while (words.size() < 1 << 20)
+        words += "alpha beta gamma delta epsilon\n zeta ";
+    while (chinese.size() < 1 << 20)
+        chinese += "删除";
+    for (const std::string& text : {words, chinese, std::string(1 << 20, 'x')}) {
+        for (const NSUInteger count : {1, 2, 200}) {
+            // As of a text that is taken whole, of so many lines without a limit.
+            TextRequest request{text.substr(0, 6000), font17(), 120};
+            const std::vector<TextLine> all = layOut(request)->lines();
+            ASSERT_GT(all.size(), count + 2);
+            request.text = text;
+            request.lineLimit = count;
+            const Layout limited = layOut(request);
+            EXPECT_TRUE(limited->isTruncated());
+            EXPECT_EQ(limited->lines(), std::vector<TextLine>(all.begin(), all.begin() + std::ptrdiff_t(count)));
+            request.lineLimit = 0;
+            request.height = all[count - 1].bottom() + 1;
+            EXPECT_EQ(layOut(request)->lines(), limited->lines());
+        }
+    }
+}
+
 TEST(TextLayout, ALineLimitLargerThanTheTextChangesNothing) {
     TextRequest request{"alpha beta gamma", font17(), 60};
     const Layout all = layOut(request);

@@ -38,6 +38,7 @@ private:
     };
 
     PangoLayout* makeLayout(const TextRequest& request, const std::string& text);
+    PangoLayout* makeBrokenLayout(const TextRequest& request);
     void layOutLines(const TextRequest& request);
     void layOutLastLine(const TextRequest& request, std::size_t start);
     void addLine(const TextRequest& request, PangoLayoutLine* line, std::size_t offset);
