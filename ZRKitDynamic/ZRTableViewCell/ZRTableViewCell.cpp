@@ -347,6 +347,14 @@ void ZRTableViewCell::fadeBackground() {
     UIView::animateWithDuration_animations(kFade, [this] { paintBackground(UIColor::whiteColor()); });
 }
 
+void ZRTableViewCell::prepareForReuse() {
+    UITableViewCell::prepareForReuse();
+    for (UIView* faded : {static_cast<UIView*>(this), backgroundView()}) {
+        if (faded)
+            faded->layer()->removeAnimationForKey("backgroundColor");
+    }
+}
+
 void ZRTableViewCell::touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) {
     const Ref<ZRTableViewCell> keep = this; // the table's delegate may drop it
     UITableViewCell::touchesBegan_withEvent(touches, event);

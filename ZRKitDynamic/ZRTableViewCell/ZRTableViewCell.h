@@ -49,7 +49,8 @@ public:
     /// In the content view, kept by the cell.
     /// @{
     /// While it has no image its frame is zero; with one, a zero frame becomes 32 x 32 points at the left, in the
-    /// middle of the height. Any other frame is the caller's and stays, in cells that are used again too.
+    /// middle of the height. Any other frame is the caller's and stays, in cells that are used again too. Give the cell
+    /// its accessory first: that lays it out, and a cell that is in no table yet is 44 points high.
     UIImageView* zrImageView() const { return m_zrImageView; }
     /// 17 points, dark grey.
     UILabel* zrTextLabel() const { return m_zrTextLabel; }
@@ -94,7 +95,8 @@ public:
     /// @}
 
     /// @name Blocks
-    /// Copied; nil at first. They may do anything to the cell, let go of it included.
+    /// Copied; nil at first. They may do anything to the cell, let go of it included. Each call is one of a copy: what
+    /// a block remembers lies outside of it.
     /// @{
     const std::function<void(bool on)>& switchValueChangedBlock() const { return m_switchValueChangedBlock; }
     virtual void setSwitchValueChangedBlock(std::function<void(bool on)> block) {
@@ -122,6 +124,8 @@ public:
     /// @}
 
     void layoutSubviews() override;
+    /// Also ends the fade of the last touch, which was on another row.
+    void prepareForReuse() override;
     void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) override;

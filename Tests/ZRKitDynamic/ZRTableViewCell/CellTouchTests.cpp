@@ -367,6 +367,23 @@ TEST_F(CellTouchTest, ABlockMayEmptyTheListAndReload) {
 
 // Reuse
 
+TEST_F(CellTouchTest, NoOtherRowFadesWhenATapReloadsTheList) {
+    show([](ZRTableViewCell* cell, NSInteger) {
+        if (!cell->backgroundView())
+            cell->setBackgroundView(make<UIView>());
+        cell->backgroundView()->setBackgroundColor(UIColor::whiteColor());
+    });
+    for (const NSInteger row : {0, 3, 6}) {
+        host.tap(inRow(row));
+        table->reloadData();
+        host.advance(0.05);
+        for (const Ref<UITableViewCell>& cell : table->visibleCells()) {
+            EXPECT_EQ(seen(cell), kWhite);
+            EXPECT_EQ(seen(cell->backgroundView()), kWhite);
+        }
+    }
+}
+
 TEST_F(CellTouchTest, ACellUsedAgainShowsItsNewRowAndNoHighlight) {
     show([](ZRTableViewCell* cell, NSInteger row) {
         cell->zrTextLabel()->setText(NSString::stringWithFormat("Row %d", static_cast<int>(row)));
