@@ -12,14 +12,15 @@ bool GalleryApplication::initWithPage(const Page* page) {
 
 bool GalleryApplication::applicationDidFinishLaunching(UIApplication*) {
     m_window = make<UIWindow>(&UIWindow::initWithFrame, UIScreen::mainScreen()->bounds());
-    const auto list = make<ListScreen>(&Screen::initWithTitle, "Gallery");
+    const auto list = make<ListScreen>();
     m_navigation = make<UINavigationController>(&UINavigationController::initWithRootViewController, list);
     m_window->setRootViewController(m_navigation);
     m_window->makeKeyAndVisible();
     if (m_page) {
-        const auto screen = make<PageScreen>(&PageScreen::initWithPage, *m_page);
+        const Ref<ZRTViewController> screen = makeScreenOfPage(*m_page);
         m_navigation->pushViewController_animated(screen, false);
-        screen->pageView()->showComponent();
+        if (const auto pageScreen = dynamicCast<PageScreen>(screen))
+            pageScreen->pageView()->showComponent();
     }
     return true;
 }

@@ -148,10 +148,6 @@ void drawCheckBoxPress(Pen& pen) {
 
 void drawSpinner(Pen& pen) { drawArcArrow(pen, {20, 20}, 13.5, 230, -28, 4, kGreen); }
 
-void drawDisclosure(Pen& pen) { pen.strokeLines({{1.5, 1.5}, {6.5, 6.5}, {1.5, 11.5}}, 2, kGrey); }
-
-void drawCheck(Pen& pen) { pen.strokeLines({{1.5, 7.5}, {5.5, 11.5}, {14.5, 1.5}}, 2, kGreen); }
-
 /// An alert panel with a ticked box on the kit's green.
 void drawApplication(Pen& pen) {
     pen.fillRoundedGradient(CGRectMake(0, 0, 120, 120), 27, {36, 212, 96}, {0, 176, 57});
@@ -172,8 +168,6 @@ constexpr Icon kIcons[] = {
     {"checkbox_1_normal", 30, 30, drawCheckBoxNormal},
     {"checkbox_1_press", 30, 30, drawCheckBoxPress},
     {"gallery_spinner", 40, 40, drawSpinner},
-    {"gallery_disclosure", 8, 13, drawDisclosure},
-    {"gallery_check", 16, 13, drawCheck},
     {"icon_alert_default", 30, 30, drawDefaultAlert},
     {"icon_alert_plain", 30, 30, drawPlainAlert},
     {"icon_alert_checkbox", 30, 30, drawCheckBoxAlert},
@@ -197,7 +191,7 @@ constexpr Icon kIcons[] = {
 
 std::vector<Icon> allIcons() {
     std::vector<Icon> icons(std::begin(kIcons), std::end(kIcons));
-    for (const auto more : {overlayIcons(), hudIcons(), controlIcons(), imageIcons(), screenIcons()})
+    for (const auto more : {overlayIcons(), hudIcons(), controlIcons(), imageIcons(), screenIcons(), listIcons()})
         icons.insert(icons.end(), more.begin(), more.end());
     return icons;
 }

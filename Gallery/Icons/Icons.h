@@ -22,5 +22,6 @@ std::span<const Icon> hudIcons();
 std::span<const Icon> controlIcons();
 std::span<const Icon> imageIcons();
 std::span<const Icon> screenIcons();
+std::span<const Icon> listIcons();
 
 } // namespace zr::icons

@@ -61,15 +61,6 @@ void drawStack(Pen& pen) {
     drawScreen(pen, CGRectMake(12, 6, 13, 18), kBlueHue.bottom);
 }
 
-/// A row that has moved aside, and what is behind it.
-void drawListSwipe(Pen& pen) {
-    drawTile(pen, kBlueHue);
-    pen.fillRounded(CGRectMake(5, 6, 20, 4), 1.5, {255, 255, 255, 0.5});
-    pen.fillRounded(CGRectMake(5, 12.5, 11, 5), 1.5, kWhite);
-    pen.fillRounded(CGRectMake(18, 12.5, 7, 5), 1.5, kRedHue.top);
-    pen.fillRounded(CGRectMake(5, 20, 20, 4), 1.5, {255, 255, 255, 0.5});
-}
-
 constexpr Icon kIcons[] = {
     {"icon_title_back", 12, 21, drawBack},
     {"icon_title_back_press", 12, 21, drawBackPressed},
@@ -80,7 +71,6 @@ constexpr Icon kIcons[] = {
     {"icon_bar_hues", 30, 30, drawBarHues},
     {"icon_vertical_drag", 30, 30, drawVerticalDrag},
     {"icon_stack", 30, 30, drawStack},
-    {"icon_list_swipe", 30, 30, drawListSwipe},
 };
 
 } // namespace

@@ -6,30 +6,34 @@
 
 namespace zr::gallery {
 
-bool Screen::initWithTitle(const NSString& title) {
-    if (!init())
+template <class KitScreen>
+bool ScreenOf<KitScreen>::initWithTitle(const NSString& title) {
+    if (!this->init())
         return false;
-    setTitle(title);
+    this->setTitle(title);
     return true;
 }
 
-Screen::~Screen() { NSNotificationCenter::defaultCenter()->removeObserver(this); }
+template <class KitScreen>
+ScreenOf<KitScreen>::~ScreenOf() {
+    NSNotificationCenter::defaultCenter()->removeObserver(this);
+}
 
-void Screen::viewDidLoad() {
-    ZRTViewController::viewDidLoad();
-    NSNotificationCenter::defaultCenter()->addObserver_selector_name_object(this, selector<&Screen::applyTheme>,
+template <class KitScreen>
+void ScreenOf<KitScreen>::viewDidLoad() {
+    KitScreen::viewDidLoad();
+    NSNotificationCenter::defaultCenter()->addObserver_selector_name_object(this, selector<&ScreenOf::applyTheme>,
                                                                             kChangeThemeNotification, nullptr);
     applyTheme();
 }
 
-CGRect Screen::contentFrame() {
-    const CGSize size = view()->bounds().size;
-    return CGRectMake(0, navigationBarMaxY(), size.width, size.height - navigationBarMaxY());
+template <class KitScreen>
+void ScreenOf<KitScreen>::applyTheme() {
+    if (this->tNavigationBar())
+        this->tNavigationBar()->backgroundImageView()->setBackgroundColor(Look::barColor(Look::hue()));
 }
 
-void Screen::applyTheme() {
-    if (tNavigationBar())
-        tNavigationBar()->backgroundImageView()->setBackgroundColor(Look::barColor(Look::hue()));
-}
+template class ScreenOf<ZRTViewController>;
+template class ScreenOf<ZRTTableViewController>;
 
 } // namespace zr::gallery

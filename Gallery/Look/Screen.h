@@ -1,25 +1,29 @@
 #pragma once
 
-#include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
+#include <ZRKitDynamic/ZRTNavigationController/ZRTTableViewController.h>
 
 namespace zr::gallery {
 
-/// The base of the gallery's screens: the kit's bar in the hue that was chosen, which it follows.
-class Screen : public ZRTViewController {
+/// What the gallery adds to a screen of the kit: a title from the start, and the hue that was chosen for the bar, which
+/// it follows.
+template <class KitScreen>
+class ScreenOf : public KitScreen {
 public:
     bool initWithTitle(const NSString& title);
-    ~Screen() override;
+    ~ScreenOf() override;
 
     void viewDidLoad() override;
     /// All, upside down too, so that components can be seen to turn.
     NSUInteger supportedInterfaceOrientations() const override { return UIInterfaceOrientationMaskAll; }
 
-protected:
-    /// What the bar leaves of the view.
-    CGRect contentFrame();
-
 private:
     void applyTheme();
 };
+
+extern template class ScreenOf<ZRTViewController>;
+extern template class ScreenOf<ZRTTableViewController>;
+
+using Screen = ScreenOf<ZRTViewController>;
+using TableScreen = ScreenOf<ZRTTableViewController>;
 
 } // namespace zr::gallery

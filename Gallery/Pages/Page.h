@@ -1,10 +1,17 @@
 #pragma once
 
 #include <ZRPlatform/Foundation/NSTypes.h>
+#include <ZRPlatform/Foundation/Ref.h>
 
 #include <functional>
 #include <string_view>
 #include <vector>
+
+namespace zr {
+
+class ZRTViewController;
+
+} // namespace zr
 
 namespace zr::gallery {
 
@@ -23,11 +30,13 @@ struct Page {
     const char* icon;
     /// What there is to see, above the live component.
     const char* description;
-    /// Adds the component and what belongs to it.
+    /// Adds the component and what belongs to it to a column; null for a page that has a screen of its own.
     std::function<void(PageView&)> build;
     /// Seconds from showing the component to the page's picture: long enough for an alert to have come up and for the
     /// components that move to be under way.
     NSTimeInterval pictureTime = 1.1;
+    /// Makes the screen of a page that is more than a column of components. It shows the description itself.
+    std::function<Ref<ZRTViewController>(const Page&)> makeScreen = nullptr;
 };
 
 /// In the order of the list.
@@ -52,6 +61,8 @@ std::vector<Page> imagePages();
 std::vector<Page> animationPages();
 std::vector<Page> barPages();
 std::vector<Page> screenPages();
+std::vector<Page> cellPages();
+std::vector<Page> longListPages();
 std::vector<Page> swipeListPages();
 std::vector<Page> themePages();
 

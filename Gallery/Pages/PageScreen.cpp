@@ -2,6 +2,12 @@
 
 namespace zr::gallery {
 
+Ref<ZRTViewController> makeScreenOfPage(const Page& page) {
+    if (page.makeScreen)
+        return page.makeScreen(page);
+    return make<PageScreen>(&PageScreen::initWithPage, page);
+}
+
 bool PageScreen::initWithPage(const Page& page) {
     m_page = &page;
     return initWithTitle(page.title);
@@ -14,7 +20,10 @@ PageView* PageScreen::pageView() {
 
 void PageScreen::viewDidLoad() {
     Screen::viewDidLoad();
-    m_pageView = make<PageView>(&PageView::initWithFrame_screen, contentFrame(), this);
+    const CGSize size = view()->bounds().size;
+    m_pageView =
+        make<PageView>(&PageView::initWithFrame_screen,
+                       CGRectMake(0, navigationBarMaxY(), size.width, size.height - navigationBarMaxY()), this);
     m_pageView->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
     view()->addSubview(m_pageView);
     m_pageView->build(*m_page);

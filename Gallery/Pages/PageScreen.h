@@ -5,10 +5,12 @@
 
 namespace zr::gallery {
 
-/// The screen of one page.
+/// A page's own screen, or a `PageScreen`. `page`: outlives the screen.
+Ref<ZRTViewController> makeScreenOfPage(const Page& page);
+
+/// The screen of a page that is a column of components.
 class PageScreen : public Screen {
 public:
-    /// `page`: outlives the screen.
     bool initWithPage(const Page& page);
 
     /// Loads it.

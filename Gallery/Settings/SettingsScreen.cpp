@@ -1,8 +1,6 @@
 #include <Gallery/Settings/SettingsScreen.h>
 
 #include <Gallery/Look/Look.h>
-#include <Gallery/Look/RowList.h>
-#include <Gallery/Settings/ChoiceRow.h>
 #include <Gallery/Settings/SampleText.h>
 
 #include <algorithm>
@@ -21,83 +19,119 @@ void reopen(const DeviceProfile& profile) {
         reopenAction(profile);
 }
 
+template <class Range, class IsWanted>
+std::optional<std::size_t> indexIn(const Range& range, const IsWanted& isWanted) {
+    const auto found = std::find_if(std::begin(range), std::end(range), isWanted);
+    if (found == std::end(range))
+        return std::nullopt;
+    return static_cast<std::size_t>(found - std::begin(range));
+}
+
+template <class Range, class Name>
+std::vector<NSString> namesOf(const Range& range, const Name& name) {
+    std::vector<NSString> names;
+    for (const auto& each : range)
+        names.push_back(name(each));
+    return names;
+}
+
 } // namespace
+
+bool SettingsScreen::init() {
+    setStyle(UITableViewStyleGrouped);
+    if (!RowScreen::init())
+        return false;
+    setTitle("Settings");
+    m_choices = {hueChoice(), languageChoice(), deviceChoice(), versionChoice()};
+    return true;
+}
 
 void SettingsScreen::setReopenAction(std::function<void(const DeviceProfile&)> action) {
     reopenAction = std::move(action);
 }
 
 void SettingsScreen::viewDidLoad() {
-    Screen::viewDidLoad();
-    const auto rows = make<RowList>(&RowList::initWithFrame, contentFrame());
-    addHues(rows);
-    addLanguages(rows);
-    addDevices(rows);
-    addVersions(rows);
-    rows->addNote("In a window, another device or version opens the gallery anew.");
-    view()->addSubview(rows);
+    RowScreen::viewDidLoad();
+    setTextBelowRows("In a window, another device or version opens the gallery anew.");
 }
 
-void SettingsScreen::addChoices(RowList* rows, const NSString& heading, const std::vector<NSString>& names,
-                                std::size_t chosen, const std::function<void(std::size_t)>& choose) {
-    rows->addHeading(heading);
-    std::vector<ChoiceRow*> choices;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const auto row = make<ChoiceRow>(&ChoiceRow::initWithName_isLast, names[i], i + 1 == names.size());
-        row->setChosen(i == chosen);
-        rows->addRow(row);
-        choices.push_back(row);
-    }
-    for (std::size_t i = 0; i < choices.size(); ++i) {
-        choices[i]->setAction([choices, i, choose] {
-            if (choices[i]->isChosen())
-                return;
-            for (ChoiceRow* choice : choices)
-                choice->setChosen(choice == choices[i]);
-            choose(i);
-        });
-    }
+// Choices
+
+SettingsScreen::Choice SettingsScreen::hueChoice() {
+    return {"THEME", namesOf(Look::kHues, [](Look::Hue hue) { return Look::name(hue); }),
+            static_cast<std::size_t>(Look::hue()), [](std::size_t index) { Look::setHue(Look::kHues[index]); }};
 }
 
-void SettingsScreen::addHues(RowList* rows) {
-    std::vector<NSString> names;
-    for (const Look::Hue hue : Look::kHues)
-        names.push_back(Look::name(hue));
-    addChoices(rows, "THEME", names, static_cast<std::size_t>(Look::hue()),
-               [](std::size_t index) { Look::setHue(Look::kHues[index]); });
+SettingsScreen::Choice SettingsScreen::languageChoice() {
+    return {"SAMPLE TEXT",
+            namesOf(SampleText::kLanguages, [](SampleText::Language language) { return SampleText::name(language); }),
+            static_cast<std::size_t>(SampleText::language()),
+            [](std::size_t index) { SampleText::setLanguage(SampleText::kLanguages[index]); }};
 }
 
-void SettingsScreen::addLanguages(RowList* rows) {
-    std::vector<NSString> names;
-    for (const SampleText::Language language : SampleText::kLanguages)
-        names.push_back(SampleText::name(language));
-    addChoices(rows, "SAMPLE TEXT", names, static_cast<std::size_t>(SampleText::language()),
-               [](std::size_t index) { SampleText::setLanguage(SampleText::kLanguages[index]); });
-}
-
-void SettingsScreen::addDevices(RowList* rows) {
+SettingsScreen::Choice SettingsScreen::deviceChoice() {
     const DeviceProfile present = UIDevice::currentDevice()->profile();
-    const auto* chosen = std::find_if(std::begin(kDevices), std::end(kDevices), [&](const char* device) {
-        return DeviceProfile::profileWithDescription(device)->screenSize == present.screenSize;
-    });
-    addChoices(rows, "DEVICE", {std::begin(kDevices), std::end(kDevices)},
-               static_cast<std::size_t>(chosen - std::begin(kDevices)), [](std::size_t index) {
-                   DeviceProfile profile = *DeviceProfile::profileWithDescription(kDevices[index]);
-                   profile.systemVersion = UIDevice::currentDevice()->systemVersion();
-                   reopen(profile);
-               });
+    return {"DEVICE",
+            {std::begin(kDevices), std::end(kDevices)},
+            indexIn(kDevices,
+                    [&](const char* device) {
+                        return DeviceProfile::profileWithDescription(device)->screenSize == present.screenSize;
+                    }),
+            [](std::size_t index) {
+                DeviceProfile profile = *DeviceProfile::profileWithDescription(kDevices[index]);
+                profile.systemVersion = UIDevice::currentDevice()->systemVersion();
+                reopen(profile);
+            }};
 }
 
-void SettingsScreen::addVersions(RowList* rows) {
-    const auto* chosen = std::find_if(std::begin(kVersions), std::end(kVersions), [](const char* version) {
-        return UIDevice::currentDevice()->systemVersion() == NSString(version);
-    });
-    addChoices(rows, "SYSTEM VERSION", {std::begin(kVersions), std::end(kVersions)},
-               static_cast<std::size_t>(chosen - std::begin(kVersions)), [](std::size_t index) {
-                   DeviceProfile profile = UIDevice::currentDevice()->profile();
-                   profile.systemVersion = kVersions[index];
-                   reopen(profile);
-               });
+SettingsScreen::Choice SettingsScreen::versionChoice() {
+    return {
+        "SYSTEM VERSION",
+        {std::begin(kVersions), std::end(kVersions)},
+        indexIn(kVersions,
+                [](const char* version) { return UIDevice::currentDevice()->systemVersion() == NSString(version); }),
+        [](std::size_t index) {
+            DeviceProfile profile = UIDevice::currentDevice()->profile();
+            profile.systemVersion = kVersions[index];
+            reopen(profile);
+        }};
+}
+
+// Rows
+
+NSInteger SettingsScreen::numberOfSectionsInTableView(UITableView*) { return static_cast<NSInteger>(m_choices.size()); }
+
+NSString SettingsScreen::tableView_titleForHeaderInSection(UITableView*, NSInteger section) {
+    return choiceAt(section).heading;
+}
+
+NSInteger SettingsScreen::tableView_numberOfRowsInSection(UITableView*, NSInteger section) {
+    return static_cast<NSInteger>(choiceAt(section).names.size());
+}
+
+bool SettingsScreen::isChosen(const NSIndexPath& path) {
+    return choiceAt(path.section()).chosen == static_cast<std::size_t>(path.row());
+}
+
+Ref<UITableViewCell> SettingsScreen::tableView_cellForRowAtIndexPath(UITableView*, const NSIndexPath& path) {
+    const auto cell = reusedCell("choice");
+    cell->zrTextLabel()->setText(choiceAt(path.section()).names[static_cast<std::size_t>(path.row())]);
+    cell->setZrAccessoryType(isChosen(path) ? ZRAccessoryTypeCheckMark : ZRAccessoryTypeNone);
+    return cell;
+}
+
+void SettingsScreen::tableView_didSelectRowAtIndexPath(UITableView* table, const NSIndexPath& path) {
+    table->deselectRowAtIndexPath_animated(path, false);
+    if (isChosen(path))
+        return;
+    Choice& choice = choiceAt(path.section());
+    choice.chosen = static_cast<std::size_t>(path.row());
+    // The rows stay the ones they are, so that the touched one can fade.
+    for (const NSIndexPath& visible : table->indexPathsForVisibleRows()) {
+        if (auto* cell = dynamic_cast<ZRTableViewCell*>(table->cellForRowAtIndexPath(visible)))
+            cell->setZrAccessoryType(isChosen(visible) ? ZRAccessoryTypeCheckMark : ZRAccessoryTypeNone);
+    }
+    choice.choose(*choice.chosen);
 }
 
 } // namespace zr::gallery

@@ -82,6 +82,10 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "bar-hues",
                                          "screen-stack",
                                          "vertical-drag",
+                                         "list-accessories",
+                                         "list-texts",
+                                         "list-million",
+                                         "list-settings",
                                          "list-swipe",
                                          "theme-colors"};
 
@@ -213,12 +217,12 @@ TEST(Gallery, TheBarIsLowerOnSystemsThatSortBeforeVersionSeven) {
 }
 
 TEST(Gallery, ATapOnARowSlidesItsPageInAndBackLeadsToTheList) {
-    // The first row lies below the bar of 64, a heading of 24 + 18 + 7, and is 56 high.
+    // The first row lies below the bar of 64 and a heading of 40, and is 56 high.
     const std::string open = "tap 180 141\nwait 0.5\n";
     EXPECT_TRUE(contains(textsAfter("", open), "Show alert"));
     const auto texts = textsAfter("", open + "tap 30 42\nwait 0.5\n");
     EXPECT_FALSE(contains(texts, "Show alert"));
-    EXPECT_TRUE(contains(texts, "Theme colours"));
+    EXPECT_TRUE(contains(texts, "Secure field"));
 }
 
 TEST(Gallery, DraggingTheListOpensNothingAndBringsTheLastRowsUp) {

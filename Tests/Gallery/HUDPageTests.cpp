@@ -225,7 +225,7 @@ TEST(HUDPages, LeavingAPageLeavesNothingOfItBehind) {
         screen.host.advance(3);
         EXPECT_TRUE(opened == nullptr);
         EXPECT_FALSE(screen.hud());
-        EXPECT_TRUE(screen.shows("HUD INDICATORS"));
+        EXPECT_TRUE(screen.shows("ALERT STYLES"));
     }
 }
 
