@@ -25,9 +25,14 @@ bool GalleryApplication::applicationDidFinishLaunching(UIApplication*) {
     return true;
 }
 
+/// The pages stay where they are: what is still shown in them goes with their window.
 void GalleryApplication::applicationWillTerminate(UIApplication*) {
-    if (m_navigation)
-        m_navigation->popToRootViewControllerAnimated(false);
+    if (!m_navigation)
+        return;
+    for (const auto& screen : m_navigation->viewControllers()) {
+        if (auto* pageScreen = dynamic_cast<PageScreen*>(screen.get()))
+            pageScreen->pageView()->close();
+    }
 }
 
 } // namespace zr::gallery
