@@ -45,7 +45,7 @@ function is_system(name) {
 function folders_of(name) {
     if (name ~ /^cairo/) return "^ZRPlatform/(CoreGraphics|UIKit/Text)/"
     if (name ~ /^(pango\/|fontconfig\/|harfbuzz\/|hb|ft2build)/) return "^ZRPlatform/UIKit/Text/"
-    if (name ~ /^pixman/) return "^ZRPlatform/QuartzCore/Composition/"
+    if (name ~ /^pixman/) return "^ZRPlatform/(QuartzCore/Composition|UIKit/Text)/"
     if (name ~ /^hwy\//) return "^ZRPlatform/(Accelerate|QuartzCore/Composition)/"
     if (name ~ /^SDL/) return "^ZRPlatform/Hosts/Window/"
     if (name ~ /^gdk-pixbuf\//) return "^ZRPlatform/UIKit/Images/"

@@ -1,6 +1,7 @@
 #include <ZRPlatform/UIKit/Text/Internal/PangoTextLayout.h>
 
 #include <ZRPlatform/CoreGraphics/CairoAccess.h>
+#include <ZRPlatform/UIKit/Text/Internal/GlyphMasks.h>
 #include <ZRPlatform/UIKit/Text/Internal/PangoFonts.h>
 
 #include <hb-ot.h>
@@ -151,17 +152,18 @@ bool drawsPictures(PangoFont* font) {
     return hb_ot_color_has_png(face) || hb_ot_color_has_layers(face) || hb_ot_color_has_svg(face);
 }
 
-/// Draws glyphs as shapes: as glyphs, Cairo would move each to a whole pixel, which spaces small text unevenly. Only
-/// pictures, such as emoji, have to be drawn as glyphs.
+/// Draws glyphs as shapes, small ones by masks of them: as glyphs, Cairo would move each to a whole pixel, which spaces
+/// small text unevenly. Only pictures, such as emoji, have to be drawn as glyphs.
 void drawLine(cairo_t* cairo, PangoLayoutLine* line, double x, double baseline) {
     for (const GSList* link = line->runs; link; link = link->next) {
         auto* run = static_cast<PangoGlyphItem*>(link->data);
         PangoFont* font = run->item->analysis.font;
         x += double(run->start_x_offset) / PANGO_SCALE;
-        cairo_move_to(cairo, x, baseline - double(run->y_offset) / PANGO_SCALE);
+        const CGPoint origin{x, baseline - double(run->y_offset) / PANGO_SCALE};
+        cairo_move_to(cairo, origin.x, origin.y);
         if (drawsPictures(font)) {
             pango_cairo_show_glyph_string(cairo, font, run->glyphs);
-        } else {
+        } else if (!GlyphMasks::shared().draw(cairo, font, run->glyphs, origin)) {
             pango_cairo_glyph_string_path(cairo, font, run->glyphs);
             cairo_fill(cairo);
         }
