@@ -3,6 +3,7 @@
 #   - a third-party library is included in its own folder only, and named in no kit file and no public header
 #   - the kit includes ZRPlatform/, ZRKitDynamic/ and the standard library
 #   - an internal header is included by no public header, and by nothing outside its library
+#   - a public header has namespace zr in a region of default visibility, but for declarations marked as not exported
 #   - a header has #pragma once, a file at most 600 lines
 # Internal is a header in a folder Internal/ or called *Internal.h, and CairoAccess.h; cmake/Install.cmake agrees.
 
@@ -95,6 +96,10 @@ function check_end_of_file() {
         print previous ": header lacks #pragma once"
         breaches++
     }
+    if (exports) {
+        print previous ": lacks #pragma GCC visibility pop"
+        breaches++
+    }
     if (lines > 600) {
         print previous ": " lines " lines, more than 600"
         breaches++
@@ -106,6 +111,7 @@ FNR == 1 {
         check_end_of_file()
     previous = FILENAME
     has_pragma = 0
+    exports = 0
     path_tested = FILENAME
     sub(/^Tests\//, "", path_tested)
     floor = floor_of(FILENAME)
@@ -117,6 +123,16 @@ FNR == 1 {
 { lines = FNR }
 
 /^#pragma once/ { has_pragma = 1 }
+
+/^#pragma GCC visibility/ {
+    exports = /push\(default\)/
+    if (exports && !is_public)
+        breach("public headers alone say what is exported")
+}
+
+is_public && /^namespace zr/ && !exports && !/\{ \/\/ not exported$/ {
+    breach("public header does not export what it declares")
+}
 
 /^[ \t]*#[ \t]*include/ {
     if ($0 !~ /<[^>]*>/) {

@@ -35,6 +35,9 @@ broken() { # MESSAGE PATH LINE…
 
 fresh_tree
 source_file ZRPlatform/Foundation/A.h '#pragma once' '#include <vector>' '#include <ZRPlatform/Dispatch/B.h>'
+source_file ZRPlatform/Foundation/E.h '#pragma once' 'namespace zr { // not exported' 'class I;' '}' \
+    '#pragma GCC visibility push(default)' 'namespace zr {' 'class E;' '}' '#pragma GCC visibility pop'
+source_file ZRPlatform/Foundation/Internal/I.h '#pragma once' 'namespace zr {' 'class I {};' '}'
 source_file ZRPlatform/CoreGraphics/CairoAccess.h '#pragma once' '#include <cairo.h>' 'cairo_t* cairo();'
 source_file ZRPlatform/UIKit/Text/Internal/Layout.h '#pragma once' '#include <pango/pangocairo.h>'
 source_file ZRPlatform/UIKit/Text/T.cpp '#include <ZRPlatform/CoreGraphics/CairoAccess.h>' 'PangoLayout* layout();'
@@ -68,6 +71,10 @@ broken "names a third-party library" ZRKitDynamic/ZRView/A.cpp 'SDL_Quit();'
 broken "includes the internal" ZRPlatform/UIKit/Text/A.h "$once" '#include <ZRPlatform/UIKit/Text/Internal/L.h>'
 broken "is internal to ZRPlatform" ZRKitDynamic/ZRView/A.cpp '#include <ZRPlatform/CoreGraphics/CairoAccess.h>'
 broken "through their interface only" ZRPlatform/UIKit/Views/A.cpp '#include <ZRPlatform/Hosts/Window/WindowHost.h>'
+broken "does not export" ZRPlatform/Foundation/A.h "$once" 'namespace zr {' 'int a;' '}'
+broken "lacks #pragma GCC visibility pop" ZRPlatform/Foundation/A.h "$once" '#pragma GCC visibility push(default)' 'namespace zr {'
+broken "public headers alone" ZRPlatform/Foundation/Internal/A.h "$once" '#pragma GCC visibility push(default)' 'namespace zr {' \
+    '}' '#pragma GCC visibility pop'
 broken "lacks #pragma once" ZRPlatform/Foundation/A.h 'int a;'
 mapfile -t long < <(seq -f '// %g' 601)
 broken "more than 600" ZRPlatform/Foundation/A.cpp "${long[@]}"

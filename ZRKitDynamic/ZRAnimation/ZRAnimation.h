@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/QuartzCore/Animations/CAAnimation.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Ready-made layer animations. Each is a new object for the caller to add to a layer, under a key of its choosing:
@@ -24,3 +25,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// @name Keys of a style's colours
@@ -69,3 +70,4 @@ Ref<Button> ZRButton::bottomButtonWithFrame_style(CGRect frame, std::int32_t sty
 }
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// The kit's colours: whole numbers 0..255 in and out, and vertical gradients as patterns. It answers the platform's
@@ -21,3 +22,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

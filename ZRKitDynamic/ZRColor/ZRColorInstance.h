@@ -4,6 +4,7 @@
 
 #include <array>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// The notification that an application posts when it has changed its theme. The kit neither posts nor observes it.
@@ -51,3 +52,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UITapGestureRecognizer;
@@ -57,3 +58,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/UIKit/Controls/UIControl.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// The kit's toggle, 50 x 31 points: a track, grey when off and green when on, and a white knob that stretches while a
@@ -59,3 +60,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

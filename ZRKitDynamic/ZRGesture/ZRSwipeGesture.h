@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/UIKit/Gestures/UIGestureRecognizer.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Recognises a mainly vertical drag: it begins once the finger is 30 points above or below where it went down, and
@@ -29,3 +30,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/UIKit/Images/UIColor.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// @name Images made of images
@@ -60,3 +61,4 @@ Ref<UIImage> zr_boxblurImageWithBlur_withTintColor(const UIImage* image, double 
 /// @}
 
 } // namespace zr
+#pragma GCC visibility pop

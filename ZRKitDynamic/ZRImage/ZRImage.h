@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// The kit's images: loaded by name, and gradients. No state; any thread may ask.
@@ -38,3 +39,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Makes the kit's labels.
@@ -16,3 +17,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Progress as a pill that grows from the left inside an outlined, pill-shaped track. Its ends follow the ends of the
@@ -61,3 +62,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

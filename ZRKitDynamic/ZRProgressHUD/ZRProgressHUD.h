@@ -13,6 +13,7 @@
 #include <functional>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIWindow;
@@ -369,3 +370,4 @@ std::vector<Ref<HUD>> ZRProgressHUD::allHUDsForView(const UIView* view) {
 }
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Progress as a circle, clockwise from twelve o'clock: a white wedge that grows inside an outlined disc, or, when it
@@ -63,3 +64,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

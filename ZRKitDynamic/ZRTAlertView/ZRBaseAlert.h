@@ -6,6 +6,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// What every overlay of the kit is built on: a dimmed screen, a rounded panel a little above the middle, and up to two
@@ -129,3 +130,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIButton;
@@ -171,3 +172,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

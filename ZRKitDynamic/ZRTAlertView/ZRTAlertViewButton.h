@@ -4,6 +4,7 @@
 #include <ZRPlatform/UIKit/Controls/UIControl.h>
 #include <ZRPlatform/UIKit/Views/UILabel.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// The flat button along the bottom of an alert: a centred title inside a hairline border. It shows its state by the
@@ -34,3 +35,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/Foundation/NSTypes.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class ZRBaseAlert;
@@ -22,3 +23,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,7 @@
 #include <ZRPlatform/UIKit/Views/UIImageView.h>
 #include <ZRPlatform/UIKit/Views/UILabel.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// An alert with a coloured header: a band across the top of the panel with a picture and a bold white title, and the
@@ -74,3 +75,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

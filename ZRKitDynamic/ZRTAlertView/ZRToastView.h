@@ -4,6 +4,7 @@
 #include <ZRPlatform/UIKit/Views/UIImageView.h>
 #include <ZRPlatform/UIKit/Views/UILabel.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A small dark panel over the dimmed screen: an icon, which can spin, above a message of at most two lines. It has no
@@ -55,3 +56,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -7,6 +7,7 @@
 
 #include <functional>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A screen's bar: a centred title, a back button on the left, and the screen's own buttons, a left one in the back
@@ -101,3 +102,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

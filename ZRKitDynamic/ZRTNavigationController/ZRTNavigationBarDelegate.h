@@ -1,5 +1,6 @@
 #pragma once
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIButton;
@@ -15,3 +16,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

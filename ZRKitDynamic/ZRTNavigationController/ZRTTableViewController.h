@@ -3,6 +3,7 @@
 #include <ZRKitDynamic/ZRTNavigationController/ZRTViewController.h>
 #include <ZRPlatform/UIKit/Lists/UITableView.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A screen that is a list: below the kit's bar it is filled by a table, whose data source and delegate it is. A
@@ -48,3 +49,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 #include <ZRKitDynamic/ZRTNavigationController/ZRTNavigationBarDelegate.h>
 #include <ZRPlatform/UIKit/Controllers/UIViewController.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A screen with the kit's navigation bar in place of the one of the navigation controller that it is in.
@@ -54,3 +55,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewDataSource.h>
 #include <ZRPlatform/UIKit/Lists/UITableView.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class ZRTableViewRowButton;
@@ -50,3 +51,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

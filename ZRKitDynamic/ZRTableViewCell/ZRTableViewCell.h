@@ -6,6 +6,7 @@
 #include <functional>
 #include <utility>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIButton;
@@ -162,3 +163,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -6,6 +6,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIPanGestureRecognizer;
@@ -102,3 +103,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

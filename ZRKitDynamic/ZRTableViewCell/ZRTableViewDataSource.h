@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class ZRTableView;
@@ -25,3 +26,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

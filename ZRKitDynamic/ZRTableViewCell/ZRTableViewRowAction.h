@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class ZRTableViewRowAction;
@@ -61,3 +62,4 @@ Ref<Action> ZRTableViewRowAction::rowActionWithBackgrounColor_buttonWidth_title_
 }
 
 } // namespace zr
+#pragma GCC visibility pop

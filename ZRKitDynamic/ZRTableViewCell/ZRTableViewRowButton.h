@@ -3,6 +3,7 @@
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowAction.h>
 #include <ZRPlatform/UIKit/Controls/UIButton.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// The button that a swiped row shows for one of its actions, and that tells the table which one was tapped.
@@ -21,3 +22,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/UIKit/Views/UIImageView.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Shows one colour, which may be a pattern, and cross-fades to another. The navigation bar's background.
@@ -35,3 +36,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

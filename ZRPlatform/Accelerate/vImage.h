@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Arithmetic on whole images in memory: buffers of interleaved pixels that the caller owns. Nothing here keeps a
@@ -103,3 +104,4 @@ vImage_Error vImageBoxConvolve_ARGB8888(const vImage_Buffer* src, const vImage_B
                                         const std::uint8_t* backgroundColor, vImage_Flags flags);
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/CoreGraphics/CGGeometry.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// x' = a x + c y + tx, y' = b x + d y + ty.
@@ -33,3 +34,4 @@ CGSize CGSizeApplyAffineTransform(CGSize size, CGAffineTransform t);
 CGRect CGRectApplyAffineTransform(CGRect rect, CGAffineTransform t);
 
 } // namespace zr
+#pragma GCC visibility pop

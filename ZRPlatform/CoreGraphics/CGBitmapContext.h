@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/CoreGraphics/CGContext.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Where a bitmap's pixels keep their alpha. "First" and "last" are said of the pixel as a number, most significant
@@ -53,3 +54,4 @@ CGBitmapInfo CGBitmapContextGetBitmapInfo(CGContextRef context);
 CGImageAlphaInfo CGBitmapContextGetAlphaInfo(CGContextRef context);
 
 } // namespace zr
+#pragma GCC visibility pop

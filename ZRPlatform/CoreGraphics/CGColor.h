@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class CGImage;
@@ -72,3 +73,4 @@ CGFloat CGColorGetAlpha(CGColorRef color);
 bool CGColorEqualToColor(CGColorRef a, CGColorRef b);
 
 } // namespace zr
+#pragma GCC visibility pop

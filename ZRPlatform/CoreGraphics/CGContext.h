@@ -8,6 +8,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 enum CGLineCap { kCGLineCapButt = 0, kCGLineCapRound = 1, kCGLineCapSquare = 2 };
@@ -253,3 +254,4 @@ void CGContextEndTransparencyLayer(CGContextRef context);
 /// @}
 
 } // namespace zr
+#pragma GCC visibility pop

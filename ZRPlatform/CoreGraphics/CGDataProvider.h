@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Bytes in memory that one may change.
@@ -57,3 +58,4 @@ Ref<CFData> CGDataProviderCopyData(CGDataProviderRef provider);
 CGBitmapInfo CGImageGetBitmapInfo(CGImageRef image);
 
 } // namespace zr
+#pragma GCC visibility pop

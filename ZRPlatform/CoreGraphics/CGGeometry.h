@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A length or coordinate: 64-bit on 64-bit builds, 32-bit on 32-bit ones.
@@ -82,3 +83,4 @@ bool CGRectContainsPoint(CGRect rect, CGPoint point);
 bool CGRectContainsRect(CGRect outer, CGRect inner);
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Beyond its start or end a gradient paints nothing, unless these ask for the first or last colour to go on.
@@ -43,3 +44,4 @@ Ref<CGGradient> CGGradientCreateWithColorComponents(CGColorSpaceRef space, const
                                                     const CGFloat* locations, NSUInteger count);
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// An immutable bitmap: rows of 32-bit pixels, blue, green, red, alpha in memory order, colours premultiplied by alpha.
@@ -47,3 +48,4 @@ NSUInteger CGImageGetBytesPerRow(CGImageRef image);
 Ref<CGImage> CGImageCreateWithImageInRect(CGImageRef image, CGRect rect);
 
 } // namespace zr
+#pragma GCC visibility pop

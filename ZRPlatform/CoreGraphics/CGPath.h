@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 enum CGPathElementType {
@@ -125,3 +126,4 @@ void CGPathApplyWithBlock(CGPathRef path, const std::function<void(const CGPathE
 /// @}
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Draws pictures. May be used on any thread.
@@ -23,3 +24,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

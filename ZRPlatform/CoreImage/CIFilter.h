@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A `CIImage`.
@@ -43,3 +44,4 @@ protected:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

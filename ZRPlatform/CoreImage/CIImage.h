@@ -4,9 +4,12 @@
 
 #include <memory>
 
-namespace zr {
-
+namespace zr { // not exported
 class ImageRecipe;
+} // namespace zr
+
+#pragma GCC visibility push(default)
+namespace zr {
 
 /// How to make a picture: a bitmap, or what a filter makes of another picture. Immutable, and cheap: pixels are only
 /// computed when a `CIContext` draws it, and only those that are asked for. May be used on any thread.
@@ -34,3 +37,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

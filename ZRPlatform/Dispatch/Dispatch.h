@@ -6,6 +6,7 @@
 #include <functional>
 #include <mutex>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Runs blocks in the order they come: one at a time (serial), several at a time on worker threads (global), or on the
@@ -51,3 +52,4 @@ using dispatch_once_t = std::once_flag;
 void dispatch_once(dispatch_once_t* predicate, const std::function<void()>& block);
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,7 @@
 #include <type_traits>
 #include <utility>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A field that any thread may read and write at any time: what is read was written whole, and the last value written
@@ -52,3 +53,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 
 #include <atomic>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A moment or a span, in nanoseconds; whole numbers, so that 0.3 s and 0.7 s make exactly one second.
@@ -41,3 +42,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

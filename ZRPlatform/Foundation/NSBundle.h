@@ -3,6 +3,7 @@
 #include <ZRPlatform/Foundation/NSObject.h>
 #include <ZRPlatform/Foundation/NSString.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A folder of resources.
@@ -25,3 +26,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/Foundation/Clock.h>
 #include <ZRPlatform/Foundation/NSObject.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A moment, exact to the nanosecond, on the current clock. With a manual clock, time 0 is 1 January 2001.
@@ -30,3 +31,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

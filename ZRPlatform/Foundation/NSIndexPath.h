@@ -6,6 +6,7 @@
 #include <compare>
 #include <ostream>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Where a row of a list is: its section, and its number in it, both counted from 0. An immutable value that can be
@@ -46,6 +47,7 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop
 
 template <>
 struct std::hash<zr::NSIndexPath> {

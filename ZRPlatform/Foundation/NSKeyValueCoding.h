@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// One key of a class: its name, its getter, and its setter if it can be written.
@@ -64,3 +65,4 @@ struct NSKeyValueChange {
 };
 
 } // namespace zr
+#pragma GCC visibility pop

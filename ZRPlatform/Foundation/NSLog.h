@@ -3,6 +3,7 @@
 #include <functional>
 #include <string_view>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Writes a line to the platform log (standard error). printf's format.
@@ -16,3 +17,4 @@ double NSFoundationVersionNumber();
 void setFoundationVersionNumber(double number);
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// What an observer receives: the name, the sender (may be nil) and free information.
@@ -59,3 +60,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -8,6 +8,11 @@
 #include <type_traits>
 #include <utility>
 
+namespace zr::detail { // not exported
+class SideTable;
+} // namespace zr::detail
+
+#pragma GCC visibility push(default)
 namespace zr {
 
 class KeyTable;
@@ -17,7 +22,6 @@ class SEL;
 struct NSKeyValueChange;
 namespace detail {
 class WeakAnchor;
-class SideTable;
 } // namespace detail
 
 /// The root of every object: an atomic reference count, messages by name, key-value coding and observing.
@@ -132,5 +136,6 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop
 
 #include <ZRPlatform/Foundation/NSValue.h> // which defines `setObservable`, as that needs whole values

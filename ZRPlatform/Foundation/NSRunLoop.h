@@ -11,6 +11,7 @@
 #include <optional>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A thread's list of things to do: blocks handed over by any thread, and timers. The host runs the main thread's;
@@ -73,3 +74,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// An immutable UTF-8 text that can be nil; nil and empty differ. Copying it copies a reference.
@@ -96,13 +97,15 @@ public:
     friend bool operator<(const NSString& a, const NSString& b) {
         return a.isNil() != b.isNil() ? a.isNil() : a.utf8() < b.utf8();
     }
-    friend std::ostream& operator<<(std::ostream& stream, const NSString& text);
 
 private:
     std::shared_ptr<const std::string> m_text;
 };
 
+std::ostream& operator<<(std::ostream& stream, const NSString& text);
+
 } // namespace zr
+#pragma GCC visibility pop
 
 template <>
 struct std::hash<zr::NSString> {

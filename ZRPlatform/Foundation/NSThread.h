@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/Foundation/SEL.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Threads of one's own, and the question whether this is the main one.
@@ -12,3 +13,4 @@ struct NSThread {
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class NSRunLoop;
@@ -56,3 +57,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

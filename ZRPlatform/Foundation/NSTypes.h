@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <limits>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A signed integer as wide as a pointer.
@@ -30,3 +31,4 @@ inline constexpr NSRange NSMakeRange(NSUInteger location, NSUInteger length) { r
 inline constexpr NSUInteger NSMaxRange(NSRange range) { return range.location + range.length; }
 
 } // namespace zr
+#pragma GCC visibility pop

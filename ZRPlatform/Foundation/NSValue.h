@@ -10,6 +10,7 @@
 #include <type_traits>
 #include <variant>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A boxed value, or nil: a flag, a number, a string, an object (held strongly), or any copyable structure such as a
@@ -168,3 +169,4 @@ void NSObject::setObservable(Field& field, Value&& value, const char* key) {
 }
 
 } // namespace zr
+#pragma GCC visibility pop

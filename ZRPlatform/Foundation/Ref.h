@@ -5,6 +5,7 @@
 #include <type_traits>
 #include <utility>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A strong reference to an `NSObject`, or nil. It converts to the plain pointer that a call asks for.
@@ -91,6 +92,7 @@ Ref<T> make(bool (Class::*initialiser)(Parameters...), Arguments&&... arguments)
 }
 
 } // namespace zr
+#pragma GCC visibility pop
 
 template <class T>
 struct std::hash<zr::Ref<T>> {

@@ -6,6 +6,7 @@
 #include <span>
 #include <tuple>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 namespace detail {
@@ -84,3 +85,4 @@ template <auto Method>
 inline constexpr SEL selector{&detail::selectorRecord<Method>};
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 
 #include <mutex>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 namespace detail {
@@ -81,3 +82,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -13,16 +13,19 @@
 #include <string>
 #include <vector>
 
-namespace zr {
-
+namespace zr { // not exported
 class AnimationRecorder;
+} // namespace zr
+
+#pragma GCC visibility push(default)
+namespace zr {
 
 /// The colour of one pixel of a frame, each part 0..255.
 struct FramePixel {
     std::uint8_t red = 0, green = 0, blue = 0;
     friend bool operator==(const FramePixel&, const FramePixel&) = default;
-    friend std::ostream& operator<<(std::ostream& stream, const FramePixel& pixel);
 };
+std::ostream& operator<<(std::ostream& stream, const FramePixel& pixel);
 
 /// An application without a screen: touches, keys and time come from code, frames and view trees are read back. Time
 /// is a manual clock that starts at 0 and moves only as asked, so two runs give the same frames, byte for byte.
@@ -154,3 +157,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

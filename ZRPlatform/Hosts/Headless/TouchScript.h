@@ -8,6 +8,11 @@
 #include <string_view>
 #include <vector>
 
+namespace zr { // not exported
+class TouchScriptParser;
+} // namespace zr
+
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A list of things to do to an application without a screen, one a line:
@@ -54,3 +59,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// The visible windows of `application` and everything in them as JSON text, lowest window first; "null" for nil.
@@ -17,3 +18,4 @@ namespace zr {
 std::string dumpViewTrees(UIApplication* application);
 
 } // namespace zr
+#pragma GCC visibility pop

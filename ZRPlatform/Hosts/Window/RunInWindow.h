@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// How an application shows in a window of the desktop.
@@ -31,3 +32,4 @@ std::optional<WindowOptions> windowOptionsFromArguments(int argc, const char* co
 int runInWindow(const WindowOptions& options, const std::function<bool(UIApplication*)>& start);
 
 } // namespace zr
+#pragma GCC visibility pop

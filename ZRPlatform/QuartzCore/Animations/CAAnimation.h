@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class CAAnimation;
@@ -178,3 +179,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

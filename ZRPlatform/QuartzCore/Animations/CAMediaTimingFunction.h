@@ -4,6 +4,7 @@
 #include <ZRPlatform/Foundation/NSObject.h>
 #include <ZRPlatform/Foundation/NSString.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 inline constexpr const char* kCAMediaTimingFunctionLinear = "linear";
@@ -29,3 +30,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A rectangle of whole pixels.
@@ -63,3 +64,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class CALayer;
@@ -213,3 +214,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

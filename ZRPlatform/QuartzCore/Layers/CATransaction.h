@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// What happens between two frames: which layers have new animations, and whether a frame is due.
@@ -29,3 +30,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/CoreGraphics/CGAffineTransform.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A 4 x 4 transform of row vectors: [x y z 1] times the matrix. m41, m42, m43 translate; m34 is the perspective.
@@ -51,3 +52,4 @@ CATransform3D composeTransform(const TransformParts& parts);
 CATransform3D interpolateTransforms(const CATransform3D& from, const CATransform3D& to, CGFloat t);
 
 } // namespace zr
+#pragma GCC visibility pop

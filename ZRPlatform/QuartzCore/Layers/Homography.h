@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A map of the plane z = 0 onto the screen, perspective included: (x, y, 1) times the matrix, divided by the third
@@ -32,3 +33,4 @@ struct Homography {
 };
 
 } // namespace zr
+#pragma GCC visibility pop

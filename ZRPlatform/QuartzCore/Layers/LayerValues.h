@@ -8,6 +8,7 @@
 #include <cmath>
 #include <string_view>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Everything about a layer that shows and can be animated. A layer has one set, its model; the presentation is a copy
@@ -55,3 +56,4 @@ NSValue interpolateValues(const NSValue& from, const NSValue& to, CGFloat t);
 NSValue addValues(const NSValue& value, const NSValue& amount, int sign);
 
 } // namespace zr
+#pragma GCC visibility pop

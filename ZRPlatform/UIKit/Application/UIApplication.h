@@ -12,10 +12,14 @@
 #include <string>
 #include <vector>
 
-namespace zr {
-
+namespace zr { // not exported
 class GestureArbiter;
 class TouchDispatcher;
+} // namespace zr
+
+#pragma GCC visibility push(default)
+namespace zr {
+
 class UITouch;
 
 inline constexpr const char* UIApplicationDidFinishLaunchingNotification =
@@ -186,3 +190,4 @@ int UIApplicationMain(int argc, char** argv) {
 }
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/CoreGraphics/CGGeometry.h>
 #include <ZRPlatform/Foundation/NSString.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class Compositor;
@@ -23,3 +24,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -6,6 +6,7 @@
 
 #include <optional>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 enum UIInterfaceOrientation : NSInteger {
@@ -61,3 +62,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

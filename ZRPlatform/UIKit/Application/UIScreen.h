@@ -3,6 +3,7 @@
 #include <ZRPlatform/CoreGraphics/CGGeometry.h>
 #include <ZRPlatform/Foundation/NSObject.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// The screen, as the device profile describes it.
@@ -16,3 +17,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,11 @@
 #include <ZRPlatform/UIKit/Controllers/UIBarItem.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
+namespace zr { // not exported
+class NavigationBarContent;
+} // namespace zr
+
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIEvent;
@@ -51,3 +56,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/Foundation/NSString.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// What an item in a bar has: a title, a picture, and whether it can be tapped.
@@ -32,3 +33,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

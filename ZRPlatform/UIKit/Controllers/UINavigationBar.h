@@ -4,10 +4,14 @@
 #include <ZRPlatform/UIKit/Controllers/UINavigationItem.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
-namespace zr {
-
+namespace zr { // not exported
 class NavigationBarContent;
+class NavigationTransition;
 class ViewGlide;
+} // namespace zr
+
+#pragma GCC visibility push(default)
+namespace zr {
 
 /// A strip with the title of a screen in the middle, a way back at the left and room for one button on either side. Its
 /// colour reaches up under the status bar. 44 points high in a `UINavigationController`, which fills it.
@@ -60,3 +64,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

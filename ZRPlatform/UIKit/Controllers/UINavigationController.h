@@ -3,9 +3,14 @@
 #include <ZRPlatform/UIKit/Controllers/UINavigationBar.h>
 #include <ZRPlatform/UIKit/Controllers/UIViewController.h>
 
+namespace zr { // not exported
+class NavigationTransition;
+class SwipeBackDelegate;
+} // namespace zr
+
+#pragma GCC visibility push(default)
 namespace zr {
 
-class NavigationTransition;
 class UIGestureRecognizer;
 class UIScreenEdgePanGestureRecognizer;
 
@@ -144,3 +149,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/Foundation/Weak.h>
 #include <ZRPlatform/UIKit/Controllers/UIBarButtonItem.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UINavigationBar;
@@ -49,3 +50,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/UIKit/Controllers/UITabBarItem.h>
 #include <ZRPlatform/UIKit/Controls/UIControl.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UITabBarDelegate {
@@ -50,3 +51,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/UIKit/Controllers/UITabBar.h>
 #include <ZRPlatform/UIKit/Controllers/UIViewController.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Asked and told of the user's taps, not of selections by code.
@@ -76,3 +77,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/Foundation/Weak.h>
 #include <ZRPlatform/UIKit/Controllers/UIBarItem.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UITabBar;
@@ -29,3 +30,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -6,11 +6,16 @@
 #include <ZRPlatform/UIKit/Views/UIGeometry.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
+namespace zr { // not exported
+class ControllerAccess;
+class Presentation;
+} // namespace zr
+
+#pragma GCC visibility push(default)
 namespace zr {
 
 class NSBundle;
 class NSNotification;
-class Presentation;
 class UINavigationController;
 class UITabBarController;
 
@@ -261,3 +266,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

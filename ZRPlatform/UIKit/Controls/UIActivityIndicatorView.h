@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 enum UIActivityIndicatorViewStyle : NSInteger {
@@ -53,7 +54,7 @@ protected:
     const KeyTable& keyTable() const override;
 
 private:
-    struct Pictures;
+    struct [[gnu::visibility("hidden")]] Pictures;
 
     void renewFins();
     void spin();
@@ -68,3 +69,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -7,6 +7,7 @@
 
 #include <map>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 enum UIButtonType : NSInteger {
@@ -133,3 +134,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/Foundation/SEL.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 enum UIControlEvents : NSUInteger {
@@ -129,3 +130,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 enum UIProgressViewStyle : NSInteger { UIProgressViewStyleDefault, UIProgressViewStyleBar };
@@ -51,3 +52,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

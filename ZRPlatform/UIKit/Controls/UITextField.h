@@ -7,12 +7,16 @@
 
 #include <memory>
 
-namespace zr {
-
+namespace zr { // not exported
 class TextFieldCaret;
 class TextFieldEditing;
-class UITextField;
 struct TextFieldContent;
+} // namespace zr
+
+#pragma GCC visibility push(default)
+namespace zr {
+
+class UITextField;
 
 /// Rounded: a white plate with a light hairline around it and corners of 5 points.
 enum UITextBorderStyle : NSInteger {
@@ -245,3 +249,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

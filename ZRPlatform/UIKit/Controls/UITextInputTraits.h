@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/Foundation/NSTypes.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// @name What a text input would like of a keyboard on the screen
@@ -46,3 +47,4 @@ enum UIReturnKeyType : NSInteger {
 /// @}
 
 } // namespace zr
+#pragma GCC visibility pop

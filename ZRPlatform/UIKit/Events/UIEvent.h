@@ -4,6 +4,11 @@
 
 #include <vector>
 
+namespace zr { // not exported
+class TouchDispatcher;
+} // namespace zr
+
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// What happened at one moment: every finger that is down or has just gone up.
@@ -30,3 +35,4 @@ private:
 using TouchSet = std::vector<UITouch*>;
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/UIKit/Events/UIEvent.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Keys that a responder is sent apart from text.
@@ -65,3 +66,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,13 @@
 
 #include <vector>
 
+namespace zr { // not exported
+class GestureArbiter;
+class TouchDelivery;
+class TouchDispatcher;
+} // namespace zr
+
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIGestureRecognizer;
@@ -64,3 +71,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -6,6 +6,12 @@
 
 #include <vector>
 
+namespace zr { // not exported
+class GestureArbiter;
+class TouchDelivery;
+} // namespace zr
+
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIView;
@@ -157,3 +163,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -1,5 +1,6 @@
 #pragma once
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIGestureRecognizer;
@@ -37,3 +38,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Recognises fingers that drag. Continuous: it begins once they have moved 10 points, whichever way, and ends when
@@ -64,3 +65,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

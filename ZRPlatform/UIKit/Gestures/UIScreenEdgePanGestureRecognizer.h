@@ -3,6 +3,7 @@
 #include <ZRPlatform/UIKit/Gestures/UIPanGestureRecognizer.h>
 #include <ZRPlatform/UIKit/Views/UIGeometry.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Recognises one finger that comes in from an edge of the window: down within 20 points of it, and its first 10 points
@@ -26,3 +27,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

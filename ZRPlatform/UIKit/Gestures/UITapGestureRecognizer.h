@@ -3,6 +3,7 @@
 #include <ZRPlatform/Foundation/NSTimer.h>
 #include <ZRPlatform/UIKit/Gestures/UIGestureRecognizer.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Recognises taps: one or more, with one or more fingers at a time. Discrete.
@@ -59,3 +60,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 enum UIRectCorner : NSUInteger {
@@ -139,3 +140,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

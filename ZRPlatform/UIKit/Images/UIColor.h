@@ -3,6 +3,7 @@
 #include <ZRPlatform/CoreGraphics/CGColor.h>
 #include <ZRPlatform/Foundation/NSObject.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIImage;
@@ -59,3 +60,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

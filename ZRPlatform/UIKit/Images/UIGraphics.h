@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/CoreGraphics/CGContext.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIImage;
@@ -47,3 +48,4 @@ void UIRectClip(CGRect rect);
 /// @}
 
 } // namespace zr
+#pragma GCC visibility pop

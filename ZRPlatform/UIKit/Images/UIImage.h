@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// How the bitmap is to be turned to stand upright: "right" means a quarter turn clockwise. The mirrored ones are
@@ -109,3 +110,4 @@ private:
 std::vector<std::uint8_t> UIImagePNGRepresentation(const UIImage* image);
 
 } // namespace zr
+#pragma GCC visibility pop

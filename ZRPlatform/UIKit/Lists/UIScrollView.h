@@ -7,12 +7,15 @@
 
 #include <memory>
 
-namespace zr {
-
+namespace zr { // not exported
 class ContentTouchHold;
 class ScrollIndicators;
 class ScrollPan;
 class Scroller;
+} // namespace zr
+
+#pragma GCC visibility push(default)
+namespace zr {
 
 enum UIScrollViewIndicatorStyle : NSInteger {
     UIScrollViewIndicatorStyleDefault,
@@ -182,3 +185,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/CoreGraphics/CGGeometry.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIScrollView;
@@ -45,3 +46,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

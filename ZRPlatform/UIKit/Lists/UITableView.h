@@ -10,13 +10,16 @@
 
 #include <memory>
 
-namespace zr {
-
+namespace zr { // not exported
 class RowChanges;
 class RowSelection;
 class SectionGeometry;
 struct Extent;
 struct TableViews;
+} // namespace zr
+
+#pragma GCC visibility push(default)
+namespace zr {
 
 enum UITableViewStyle : NSInteger {
     /// Headers and footers stay in sight for as long as rows of their section do.
@@ -240,7 +243,7 @@ protected:
 private:
     friend class UITableViewCell;
     friend class UITableViewDelegate;
-    class Update;
+    class [[gnu::visibility("hidden")]] Update;
 
     /// An object that is asked, kept for as long as that takes.
     template <class Protocol>
@@ -366,3 +369,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

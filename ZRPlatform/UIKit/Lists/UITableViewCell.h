@@ -4,6 +4,7 @@
 #include <ZRPlatform/UIKit/Views/UIImageView.h>
 #include <ZRPlatform/UIKit/Views/UILabel.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIControl;
@@ -177,3 +178,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 #include <ZRPlatform/Foundation/NSString.h>
 #include <ZRPlatform/Foundation/Ref.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UITableView;
@@ -28,3 +29,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

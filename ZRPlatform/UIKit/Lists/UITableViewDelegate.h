@@ -4,6 +4,7 @@
 #include <ZRPlatform/Foundation/Ref.h>
 #include <ZRPlatform/UIKit/Lists/UIScrollViewDelegate.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UITableView;
@@ -81,3 +82,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/UIKit/Views/UILabel.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// The header or footer of a section: a line of text on a plain background. The table makes one for every title that
@@ -33,3 +34,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/Foundation/NSTypes.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// How a row that is inserted comes, and how one that is deleted goes: the other way.
@@ -21,3 +22,4 @@ enum UITableViewRowAnimation : NSInteger {
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -5,6 +5,7 @@
 #include <ZRPlatform/UIKit/Text/NSText.h>
 #include <ZRPlatform/UIKit/Text/UIFont.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// @name Measuring, in points
@@ -36,3 +37,4 @@ CGSize drawAtPoint_withFont(const NSString& text, CGPoint point, UIFont* font);
 /// @}
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/Foundation/NSTypes.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// What happens to text that is wider than its place. The truncating modes wrap by words too, where there is room for
@@ -25,3 +26,4 @@ enum NSTextAlignment : NSInteger {
 };
 
 } // namespace zr
+#pragma GCC visibility pop

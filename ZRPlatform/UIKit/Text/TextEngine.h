@@ -10,6 +10,7 @@
 #include <optional>
 #include <vector>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A font of a family, without a size.
@@ -132,3 +133,4 @@ public:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -4,6 +4,7 @@
 #include <ZRPlatform/Foundation/NSObject.h>
 #include <ZRPlatform/Foundation/NSString.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// A typeface at a size. Immutable; may be used on any thread.
@@ -75,3 +76,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

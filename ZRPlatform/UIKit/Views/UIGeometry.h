@@ -3,6 +3,7 @@
 #include <ZRPlatform/CoreGraphics/CGGeometry.h>
 #include <ZRPlatform/Foundation/NSTypes.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Distances from the four edges of a rectangle, in points; positive ones go inwards.
@@ -33,3 +34,4 @@ inline constexpr CGRect UIEdgeInsetsInsetRect(CGRect rect, UIEdgeInsets insets) 
 }
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include <ZRPlatform/UIKit/Images/UIImage.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Shows an image, or a sequence of images, placed by its content mode. Takes no touches unless told to.
@@ -65,3 +66,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

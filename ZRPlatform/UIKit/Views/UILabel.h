@@ -4,6 +4,7 @@
 #include <ZRPlatform/UIKit/Text/UIFont.h>
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Where the text goes when its font was shrunk: its baseline where that of the full size would be, its middle there,
@@ -113,3 +114,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

@@ -7,6 +7,7 @@
 
 #include <functional>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 class UIGestureRecognizer;
@@ -287,3 +288,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop

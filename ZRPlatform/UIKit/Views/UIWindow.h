@@ -2,6 +2,7 @@
 
 #include <ZRPlatform/UIKit/Views/UIView.h>
 
+#pragma GCC visibility push(default)
 namespace zr {
 
 /// Windows are shown in the order of their levels; those of one level in the order in which they were shown.
@@ -80,3 +81,4 @@ private:
 };
 
 } // namespace zr
+#pragma GCC visibility pop
