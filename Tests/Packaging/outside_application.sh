@@ -6,18 +6,8 @@ set -euo pipefail
 build=$1
 work=$2
 readme=$3
-source=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/Application
-
-fail() {
-    echo "FAILED: $*" >&2
-    exit 1
-}
-
-expect_output() { # PROGRAM
-    local output
-    output=$("$1")
-    [[ $output == "checkbox_1_normal.png" ]] || fail "$1 printed \"$output\""
-}
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+source "$here/building.sh"
 
 # block LANGUAGE NUMBER: that code block of README.
 block() {
@@ -27,10 +17,8 @@ block() {
         $0 == fence { inside = ++count == number }' "$readme"
 }
 
-rm -rf "$work/fresh" "$work/prefix" "$work/application" "$work/headers" "$work/readme"
-"$CMAKE" --install "$build" --prefix "$work/fresh" >"$work/install.log"
-# Whatever remembers where it was installed does not work from here on.
-mv "$work/fresh" "$work/prefix"
+rm -rf "$work/application" "$work/headers" "$work/readme"
+install_kit "$build" "$work"
 prefix=$work/prefix
 
 echo "-- public headers: complete, and without any other library's"
@@ -42,21 +30,29 @@ find ZRPlatform ZRKitDynamic -name '*.h' | sort | sed 's/.*/#include <&>/' >"$wo
 [[ -s $work/headers/all.cpp ]] || fail "no header is installed"
 "$CXX" -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I"$prefix/include" "$work/headers/all.cpp"
 
+echo "-- versions of the libraries"
+version=$(pkg-config --modversion "$(find "$prefix" -name ZRKitDynamic.pc)")
+for library in ZRPlatform ZRKitDynamic; do
+    file=$(find "$prefix" -name "lib$library.so.$version" -type f)
+    [[ -n $file ]] || fail "lib$library.so.$version is not installed"
+    name=lib$library.so.${version%.*}
+    [[ $(readelf -d "$file") == *"soname: [$name]"* ]] || fail "$file does not call itself $name"
+    for link in "$name" "lib$library.so"; do
+        [[ $(realpath "${file%/*}/$link") == "$file" ]] || fail "$link does not lead to $file"
+    done
+done
+
+echo "-- the gallery"
+[[ $("$prefix/bin/zr_gallery" --list) == *alert-default* ]] || fail "the installed gallery does not list its pages"
+quietly "$prefix/bin/zr_gallery" --page alert-default --snapshot "$work/gallery.png" || fail "the installed gallery draws nothing"
+
 echo "-- find_package"
-"$CMAKE" -S "$source" -B "$work/application" -DCMAKE_PREFIX_PATH="$prefix" \
-    -DCMAKE_FIND_PACKAGE_NO_PACKAGE_REGISTRY=ON >"$work/configure.log"
-"$CMAKE" --build "$work/application" >"$work/build.log" || {
-    cat "$work/build.log"
-    fail "the application does not build through find_package"
-}
+build_with_cmake "$here/Application" "$work/application" "$prefix"
 expect_output "$work/application/application"
 
 echo "-- pkg-config"
-PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name ZRKitDynamic.pc)")
-export PKG_CONFIG_PATH
-read -r -a flags <<<"$(pkg-config --cflags --libs ZRKitDynamic)"
-"$CXX" -std=c++20 "$source/main.cpp" -o "$work/application/with_pkg_config" "${flags[@]}"
-LD_LIBRARY_PATH=$(pkg-config --variable=libdir ZRKitDynamic) expect_output "$work/application/with_pkg_config"
+build_with_pkg_config "$here/Application/main.cpp" "$work/application/with_pkg_config" "$prefix"
+expect_output run_with_libraries "$prefix" "$work/application/with_pkg_config"
 
 echo "-- the README's application and its test"
 mkdir "$work/readme"
@@ -66,17 +62,9 @@ block cmake 1 >"$work/readme/CMakeLists.txt"
     sed '/^int main/d' "$work/readme/main.cpp"
     block cpp 2
 } >"$work/readme/test.cpp"
-"$CMAKE" -S "$work/readme" -B "$work/readme/build" -DCMAKE_PREFIX_PATH="$prefix" \
-    -DCMAKE_FIND_PACKAGE_NO_PACKAGE_REGISTRY=ON >"$work/configure.log"
-"$CMAKE" --build "$work/readme/build" >"$work/build.log" || {
-    cat "$work/build.log"
-    fail "the README's application does not build"
-}
-"$CXX" -std=c++20 "$work/readme/main.cpp" -o "$work/readme/app" "${flags[@]}"
-"$CXX" -std=c++20 "$work/readme/test.cpp" -o "$work/readme/test" "${flags[@]}" -lgtest -lgtest_main
+build_with_cmake "$work/readme" "$work/readme/build" "$prefix"
+build_with_pkg_config "$work/readme/main.cpp" "$work/readme/app" "$prefix"
+build_with_pkg_config "$work/readme/test.cpp" "$work/readme/test" "$prefix" -lgtest -lgtest_main
 cd "$work/readme"
-LD_LIBRARY_PATH=$(pkg-config --variable=libdir ZRKitDynamic) ./test >"$work/test.log" || {
-    cat "$work/test.log"
-    fail "the README's test does not pass"
-}
+quietly run_with_libraries "$prefix" ./test || fail "the README's test does not pass"
 [[ -s screen.png ]] || fail "the README's test wrote no picture"
