@@ -3,18 +3,8 @@
 include(CMakePackageConfigHelpers)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/ZRKitDynamic)
 
-# A header is internal when it is in a folder Internal/ or its name ends with Internal.h. CairoAccess.h hands the drawing
-# library to the floors above, and the drawing library is no part of the interface. Tests/House holds to this rule.
-foreach(library ZRPlatform ZRKitDynamic)
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/${library} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-        FILES_MATCHING PATTERN "*.h"
-        PATTERN "Internal" EXCLUDE
-        PATTERN "*Internal.h" EXCLUDE
-        PATTERN "CairoAccess.h" EXCLUDE)
-endforeach()
-
 set_target_properties(ZRPlatform ZRKitDynamic PROPERTIES INSTALL_RPATH "$ORIGIN")
-install(TARGETS ZRPlatform ZRKitDynamic EXPORT ZRKitDynamicTargets)
+install(TARGETS ZRPlatform ZRKitDynamic EXPORT ZRKitDynamicTargets FILE_SET HEADERS)
 install(EXPORT ZRKitDynamicTargets NAMESPACE ZRKitDynamic:: DESTINATION ${package_folder})
 
 configure_package_config_file(cmake/ZRKitDynamicConfig.cmake.in ${PROJECT_BINARY_DIR}/ZRKitDynamicConfig.cmake

@@ -5,7 +5,8 @@
 #   - an internal header is included by no public header, and by nothing outside its library
 #   - a public header has namespace zr in a region of default visibility, but for declarations marked as not exported
 #   - a header has #pragma once, a file at most 600 lines
-# Internal is a header in a folder Internal/ or called *Internal.h, and CairoAccess.h; cmake/Install.cmake agrees.
+# Internal is a header in a folder Internal/ or called *Internal.h, and CairoAccess.h; zr_shared_library in
+# ZRPlatform/CMakeLists.txt agrees.
 
 function breach(message) {
     print FILENAME ":" FNR ": " message
