@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# new_application.sh BUILD WORK ZR: makes an application with ZR, builds it with the kit that BUILD installs, and runs its
+# test; and tries names that are none. CMAKE and CXX name the tools.
+set -euo pipefail
+build=$1
+work=$2
+zr=$3
+source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/building.sh"
+
+# expect_refusal MESSAGE ARGUMENT…: with these ZR makes nothing, and says why.
+expect_refusal() {
+    local message=$1 output status=0 before
+    shift
+    before=$(find . | sort)
+    output=$("$zr" new "$@" 2>&1) || status=$?
+    ((status == 2)) || fail "new $* ends with status $status"
+    [[ $output == *"$message"* ]] || fail "new $* says \"$output\""
+    [[ $(find . | sort) == "$before" ]] || fail "new $* has made files"
+}
+
+rm -rf "$work"
+mkdir -p "$work/desk"
+install_kit "$build" "$work"
+cd "$work/desk"
+
+echo "-- a new application"
+quietly "$zr" new Tasks
+[[ $(grep -rl '@' Tasks || true) == "" ]] || fail "a place is left empty: $(grep -r '@' Tasks)"
+build_with_cmake Tasks Tasks/build "$work/prefix"
+[[ -x Tasks/build/Tasks ]] || fail "the program is not called Tasks"
+quietly ctest --test-dir Tasks/build --no-tests=error --output-on-failure || fail "the new application's test does not pass"
+for picture in list alert "done"; do
+    [[ -s Tasks/build/$picture.png ]] || fail "the test of the new application wrote no picture of the $picture"
+done
+
+echo "-- in another folder"
+quietly "$zr" new my-tasks "deep/folder of mine"
+build_with_cmake "deep/folder of mine" "deep/folder of mine/build" "$work/prefix"
+[[ -x "deep/folder of mine/build/my-tasks" ]] || fail "the program is not called my-tasks"
+
+echo "-- names that are none"
+expect_refusal "no name for a program" ""
+expect_refusal "no name for a program" "a/b"
+expect_refusal "no name for a program" "../up"
+expect_refusal "no name for a program" "2tasks"
+expect_refusal "no name for a program" "two tasks"
+expect_refusal "no name for a program" "größe"
+expect_refusal "no name for a program" "--help-me"
+expect_refusal "no name for a program" "a/b" fine
+expect_refusal "is there already" Tasks
+expect_refusal "is there already" Fine Tasks
+expect_refusal "the folder has no name" Fine ""
+expect_refusal "give the application's name"
+expect_refusal "give the application's name" One two three
