@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# alert_test.sh PROGRAM: AlertWindow in a real window, with a mouse and a keyboard.
+# alert_test.sh PROGRAM click|keys: AlertWindow in a real window, typed into, and its button pressed with the mouse or with
+# the keyboard alone.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
 start_desktop 1280x1500
@@ -12,7 +13,15 @@ read -r _ x y <<<"$line"
 expect_pixel 10 10 8c8c8c
 type_text "Summer 26"
 expect "text Summer 26"
-click "$x" "$y"
+case $2 in
+click) click "$x" "$y" ;;
+keys)
+    # Over the cancel button.
+    press Tab
+    press Tab
+    press Return
+    ;;
+esac
 expect "clicked 1"
 expect gone
 expect_pixel 10 10 ffffff

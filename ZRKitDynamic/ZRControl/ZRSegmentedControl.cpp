@@ -79,6 +79,13 @@ void ZRSegmentedControl::segmentedControlTaped(UITapGestureRecognizer* recognize
         setSelectedSegmentIndex(static_cast<std::int64_t>(segment));
 }
 
+bool ZRSegmentedControl::keyPressed(UIKey key, unsigned modifiers) {
+    if (key != UIKey::Left && key != UIKey::Right)
+        return UIControl::keyPressed(key, modifiers);
+    setSelectedSegmentIndex(m_selectedSegmentIndex + (key == UIKey::Left ? -1 : 1));
+    return true;
+}
+
 void ZRSegmentedControl::setSelectedSegmentIndex(std::int64_t index) {
     const Ref<ZRSegmentedControl> keep = this; // a target may drop it
     index = std::max<std::int64_t>(index, 0);

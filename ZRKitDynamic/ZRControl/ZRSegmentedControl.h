@@ -42,6 +42,8 @@ public:
 
     /// Selects the segment under the tap. Not called while the control is disabled.
     virtual void segmentedControlTaped(UITapGestureRecognizer* recognizer);
+    /// The left and right arrows select the segment beside the selected one, if there is one.
+    bool keyPressed(UIKey key, unsigned modifiers) override;
     /// Places the labels and colours them.
     virtual void updateSelectedSegment();
     /// The corners stay rounded to half the height.

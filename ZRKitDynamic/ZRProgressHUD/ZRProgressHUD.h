@@ -216,6 +216,8 @@ public:
     virtual void setDelegate(Delegate<ZRProgressHUDDelegate> delegate) { m_delegate = delegate; }
     /// Whether it has been hidden, to the end, since it was made.
     bool isFinished() const { return m_isFinished; }
+    /// Nothing behind the HUD is left; it goes by itself.
+    bool accessibilityPerformEscape() override { return true; }
     /// @}
 
     /// @name For subclasses

@@ -210,4 +210,10 @@ void ZRBaseAlert::buttonClicked(UIControl* button) {
     dismissWithButtonIndex_animated(button ? button->tag() : 0, true);
 }
 
+bool ZRBaseAlert::accessibilityPerformEscape() {
+    if (m_cancelButton || m_okButton)
+        dismissAlertView();
+    return true;
+}
+
 } // namespace zr

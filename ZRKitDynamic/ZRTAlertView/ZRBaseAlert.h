@@ -99,6 +99,8 @@ public:
     /// @{
     /// Dismisses with the button's tag (0 for nil), animated.
     virtual void buttonClicked(UIControl* button);
+    /// Dismisses with `cancelButtonIndex`, animated, if there is a button. What is behind the alert is not left.
+    bool accessibilityPerformEscape() override;
     /// @}
 
 protected:

@@ -95,6 +95,15 @@ void ZRTViewController::zrTNavigationBar_backButtonClicked(ZRTNavigationBar*, UI
     popViewControllerWithAnimated(true);
 }
 
+bool ZRTViewController::accessibilityPerformEscape() {
+    const UINavigationController* navigation = navigationController();
+    const bool pops = navigation && navigation->childViewControllers().size() >= 2;
+    if (!pops && !presentedViewController() && !presentingViewController())
+        return UIViewController::accessibilityPerformEscape();
+    popViewControllerWithAnimated(true);
+    return true;
+}
+
 // Appearing
 
 void ZRTViewController::viewDidLoad() {

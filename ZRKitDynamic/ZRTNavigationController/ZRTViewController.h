@@ -44,6 +44,8 @@ public:
     virtual void popViewControllerWithAnimated(bool animated);
     /// Pops, animated.
     void zrTNavigationBar_backButtonClicked(ZRTNavigationBar* bar, UIButton* button) override;
+    /// Likewise, where there is something to pop or to dismiss.
+    bool accessibilityPerformEscape() override;
 
     /// Gives the view a very light grey ground, and the screen its bar.
     void viewDidLoad() override;

@@ -3,9 +3,11 @@
 #include <ZRPlatform/Foundation/NSNotificationCenter.h>
 #include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
 #include <ZRPlatform/UIKit/Controllers/UIViewController.h>
+#include <ZRPlatform/UIKit/Events/Internal/KeyboardFocus.h>
 #include <ZRPlatform/UIKit/Events/Internal/TouchDispatcher.h>
 #include <ZRPlatform/UIKit/Gestures/Internal/GestureArbiter.h>
 #include <ZRPlatform/UIKit/Lists/Internal/ScrollInput.h>
+#include <ZRPlatform/UIKit/Lists/UITableViewCell.h>
 
 #include <algorithm>
 #include <cmath>
@@ -30,7 +32,8 @@ UIApplication* UIApplication::sharedApplication() { return g_application; }
 
 UIApplication::UIApplication() :
     m_deviceOrientation(UIDevice::currentDevice()->profile().orientation),
-    m_gestures(std::make_unique<GestureArbiter>()), m_touches(std::make_unique<TouchDispatcher>(*m_gestures)) {
+    m_gestures(std::make_unique<GestureArbiter>()), m_touches(std::make_unique<TouchDispatcher>(*m_gestures)),
+    m_focus(std::make_unique<KeyboardFocus>(*this)) {
     g_application = this;
 }
 
@@ -152,8 +155,14 @@ bool UIApplication::sendAction_to_from_forEvent(SEL action, NSObject* target, NS
 }
 
 void UIApplication::touchBegan(std::int64_t identifier, CGPoint location) {
+    m_focus->forget();
     if (m_ignoringInteractionEvents == 0)
         m_touches->began(identifier, location, m_windows);
+}
+
+void UIApplication::touchByKeyboard(std::int64_t identifier, CGPoint location) {
+    m_touches->began(identifier, location, m_windows);
+    m_touches->ended(identifier, location);
 }
 
 void UIApplication::touchMoved(std::int64_t identifier, CGPoint location) { m_touches->moved(identifier, location); }
@@ -176,6 +185,8 @@ void UIApplication::cancelTouchesInView(UIView* view) { m_touches->cancelTouches
 
 void UIApplication::viewLeavesWindow(UIView* view) {
     cancelTouchesInView(view);
+    if (dynamic_cast<UITableViewCell*>(view))
+        m_focus->cellLeaves(view);
     const UIWindow* window = view->window();
     UIResponder* first = window ? window->firstResponder() : nullptr;
     const auto* firstView = dynamic_cast<UIView*>(first);
@@ -207,14 +218,24 @@ bool UIApplication::setMarkedText_selectedRange(const NSString& text, NSRange ra
 }
 
 bool UIApplication::keyPressed(UIKey key, unsigned modifiers) {
-    const Ref<UIResponder> responder = firstResponder();
-    // The application is the end of the responder chain: a key that comes back up to it was used by nobody.
-    if (std::exchange(m_sendingKey, true) || !responder)
-        return m_sendingKey = false;
+    // The application is the end of the responder chain: a key that comes back up to it was used by nobody there.
+    if (m_sendingKey)
+        return false;
+    const Ref<UIResponder> focused = focusedView();
+    return sendKey(firstResponder(), key, modifiers) || sendKey(focused, key, modifiers) ||
+           m_focus->keyPressed(key, modifiers);
+}
+
+bool UIApplication::sendKey(const Ref<UIResponder>& responder, UIKey key, unsigned modifiers) {
+    if (!responder)
+        return false;
+    m_sendingKey = true;
     const bool used = responder->keyPressed(key, modifiers);
     m_sendingKey = false;
     return used;
 }
+
+UIView* UIApplication::focusedView() const { return m_focus->view(); }
 
 bool UIApplication::clipboardKey(char letter) {
     const Ref<UIResponder> responder = firstResponder();
@@ -279,6 +300,8 @@ Compositor& UIApplication::commitFrame() {
         return layers;
     };
     CATransaction::commit(roots());
+    if (m_focus->placeRing())
+        CATransaction::commit(roots());
     Compositor& picture = compositor();
     picture.compose(roots());
     return picture;

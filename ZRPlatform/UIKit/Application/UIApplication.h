@@ -14,6 +14,7 @@
 
 namespace zr { // not exported
 class GestureArbiter;
+class KeyboardFocus;
 class TouchDispatcher;
 } // namespace zr
 
@@ -67,6 +68,8 @@ public:
     UIWindow* keyWindow() const { return m_keyWindow.get(); }
     /// The key window's; nil when typing goes nowhere.
     UIResponder* firstResponder() const;
+    /// Where the keyboard is; nil while it is nowhere. See `UIView::canBecomeFocused`.
+    UIView* focusedView() const;
     UIInterfaceOrientation statusBarOrientation() const;
     /// Turns the device: the screen's bounds follow, and `UIApplicationDidChangeStatusBarOrientationNotification` is
     /// posted. When a view controller in front does not allow it, everything stays as it is; see
@@ -114,8 +117,10 @@ public:
     /// Typed text, to the first responder. False when nobody takes text.
     bool insertText(const NSString& text);
     bool setMarkedText_selectedRange(const NSString& text, NSRange range);
-    /// A key that is not text; clipboard keys too: with control, 'a', 'c', 'v' and 'x'.
+    /// A key that is not text: for the first responder, else for the view where the keyboard is. What both leave moves
+    /// the keyboard about; see `UIView::canBecomeFocused`.
     bool keyPressed(UIKey key, unsigned modifiers) override;
+    /// With the control key: 'a', 'c', 'v' and 'x'.
     bool clipboardKey(char letter);
     /// When a frame would show something new, a moment that has passed already for at once; none when nothing would
     /// until something is changed.
@@ -129,6 +134,7 @@ public:
 
 private:
     friend class GestureArbiter;
+    friend class KeyboardFocus;
     friend class UIWindow;
     friend class UIView;
     friend class UIViewController;
@@ -150,6 +156,8 @@ private:
     void setKeyWindow(UIWindow* window);
     void keyWindowLost(UIWindow* window);
     void tellHostOfTextInput();
+    bool sendKey(const Ref<UIResponder>& responder, UIKey key, unsigned modifiers);
+    void touchByKeyboard(std::int64_t identifier, CGPoint location);
     /// The touches of the view and of those below it are cancelled.
     void cancelTouchesInView(UIView* view);
     /// A view leaves its window: its touches are cancelled, and it stops being first responder.
@@ -168,6 +176,7 @@ private:
     StatusBar m_statusBarWish;
     std::unique_ptr<GestureArbiter> m_gestures;
     std::unique_ptr<TouchDispatcher> m_touches;
+    std::unique_ptr<KeyboardFocus> m_focus;
     std::unique_ptr<Compositor> m_compositor;
     int m_ignoringInteractionEvents = 0;
     bool m_sendingKey = false;

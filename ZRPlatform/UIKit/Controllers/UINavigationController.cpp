@@ -101,6 +101,10 @@ Ref<UIViewController> UINavigationController::popViewControllerAnimated(bool ani
     return popped;
 }
 
+bool UINavigationController::accessibilityPerformEscape() {
+    return popViewControllerAnimated(true) || UIViewController::accessibilityPerformEscape();
+}
+
 std::vector<Ref<UIViewController>> UINavigationController::popToViewController_animated(UIViewController* controller,
                                                                                         bool animated) {
     const Ref<UINavigationController> keep = this;

@@ -64,6 +64,8 @@ public:
     virtual std::vector<Ref<UIViewController>> popToViewController_animated(UIViewController* controller,
                                                                             bool animated);
     virtual std::vector<Ref<UIViewController>> popToRootViewControllerAnimated(bool animated);
+    /// Pops, animated.
+    bool accessibilityPerformEscape() override;
     /// @}
 
     /// @name Bar

@@ -148,6 +148,10 @@ bool UITextField::keyPressed(UIKey key, unsigned modifiers) {
     }
 }
 
+bool UITextField::accessibilityPerformEscape() {
+    return m_editing ? resignFirstResponder() : UIControl::accessibilityPerformEscape();
+}
+
 bool UITextField::pressArrow(UIKey key, unsigned modifiers) {
     const bool extends = modifiers & UIKeyModifierShift;
     const bool byWord = modifiers & (UIKeyModifierControl | UIKeyModifierAlternate);

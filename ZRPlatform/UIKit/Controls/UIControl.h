@@ -97,6 +97,8 @@ public:
     /// An enabled control keeps its taps: a recogniser of one tap with one finger that is attached to a superview is
     /// refused.
     bool gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) override;
+    /// While it is enabled.
+    bool canBecomeFocused() const override { return m_enabled; }
     void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) override;

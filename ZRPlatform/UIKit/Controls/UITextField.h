@@ -168,6 +168,8 @@ public:
     bool becomeFirstResponder() override;
     bool resignFirstResponder() override;
     bool keyPressed(UIKey key, unsigned modifiers) override;
+    /// Ends editing, if the field is edited.
+    bool accessibilityPerformEscape() override;
     void setEnabled(bool enabled) override;
     void setHidden(bool hidden) override;
     void tintColorDidChange() override;

@@ -77,4 +77,9 @@ bool UIResponder::keyPressed(UIKey key, unsigned modifiers) {
     return next && next->keyPressed(key, modifiers);
 }
 
+bool UIResponder::accessibilityPerformEscape() {
+    const Ref<UIResponder> next = nextResponder();
+    return next && next->accessibilityPerformEscape();
+}
+
 } // namespace zr

@@ -42,8 +42,12 @@ public:
 
     /// @name Typing
     /// @{
-    /// A key that is not text. True when it was used; the default passes it on.
+    /// A key that is not text, for the first responder or the view where the keyboard is. True when it was used; the
+    /// default passes it on.
     virtual bool keyPressed(UIKey key, unsigned modifiers);
+    /// The escape key: leaves what is open, an overlay or a screen for example. True when there was something, or when
+    /// nothing behind it may be left; the default passes it on.
+    virtual bool accessibilityPerformEscape();
     /// @}
 };
 

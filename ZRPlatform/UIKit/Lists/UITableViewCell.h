@@ -123,6 +123,7 @@ public:
     /// @}
 
     void layoutSubviews() override;
+    bool canBecomeFocused() const override { return true; }
 
 protected:
     const KeyTable& keyTable() const override;

@@ -417,6 +417,11 @@ UIResponder* UIView::nextResponder() const {
     return m_superview;
 }
 
+bool UIView::isFocused() const {
+    const UIApplication* application = UIApplication::sharedApplication();
+    return application && application->focusedView() == this;
+}
+
 bool UIView::endEditing(bool force) {
     UIWindow* window = m_window;
     const Ref<UIView> view = window ? dynamic_cast<UIView*>(window->firstResponder()) : nullptr;

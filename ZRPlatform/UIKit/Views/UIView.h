@@ -185,6 +185,16 @@ public:
     bool endEditing(bool force);
     /// @}
 
+    /// @name Keyboard
+    /// What a finger could touch, the tab key and, in lists, the arrow keys reach; the return key touches it. A ring
+    /// shows where the keyboard is, until a finger comes.
+    /// @{
+    /// Whether the keyboard stops here: yes for enabled controls and for rows of tables.
+    virtual bool canBecomeFocused() const { return false; }
+    /// Whether it did.
+    bool isFocused() const;
+    /// @}
+
     /// @name Gestures
     /// @{
     /// Kept, in the order in which they see a touch: that of their being added.
