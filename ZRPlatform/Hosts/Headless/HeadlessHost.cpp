@@ -216,7 +216,17 @@ void HeadlessHost::rotate(UIInterfaceOrientation orientation) {
 
 Ref<CGImage> HeadlessHost::snapshot() {
     advance(0);
-    return m_application->compositor().snapshot();
+    return picture();
+}
+
+Ref<CGImage> HeadlessHost::picture() const {
+    const Compositor& frame = m_application->compositor();
+    if (CGRectIsNull(m_pictureArea))
+        return frame.snapshot();
+    const CGFloat scale = frame.scale();
+    const CGRect pixels = CGRectMake(m_pictureArea.origin.x * scale, m_pictureArea.origin.y * scale,
+                                     m_pictureArea.size.width * scale, m_pictureArea.size.height * scale);
+    return CGImageCreateWithImageInRect(frame.snapshot().get(), pixels);
 }
 
 bool HeadlessHost::writeSnapshot(const std::string& path) {
@@ -266,7 +276,7 @@ bool HeadlessHost::stopRecording() {
 
 void HeadlessHost::recordIfDue() {
     if (m_recorder && m_recorder->nextFrameTime() <= m_clock.now())
-        m_recorder->addFrame(m_application->compositor().snapshot());
+        m_recorder->addFrame(picture());
 }
 
 // UIApplicationHost

@@ -103,14 +103,17 @@ public:
     /// @name Looking
     /// All of these show the present: what has changed since the last turn is laid out, displayed and composed first.
     /// @{
-    /// The screen.
+    /// The screen, or the part of it that `setPictureArea` chose.
     Ref<CGImage> snapshot();
-    /// The screen as a PNG file; false when the file cannot be written.
+    /// The same as a PNG file; false when the file cannot be written.
     bool writeSnapshot(const std::string& path);
     /// The pixel that holds the point; black outside the screen.
     FramePixel pixel(CGPoint point);
     /// The visible windows' view trees as JSON; see `dumpViewTrees`.
     std::string dump();
+    /// What pictures and recordings show from now on: a part of the screen in points, widened to whole pixels and cut
+    /// off at the screen's edges. `CGRectNull`, as at first, is all of it. Outside the screen there is no picture.
+    void setPictureArea(CGRect area) { m_pictureArea = area; }
     /// @}
 
     /// @name Frames
@@ -143,6 +146,7 @@ private:
     void advanceTo(Nanoseconds target);
     void turn();
     void recordIfDue();
+    Ref<CGImage> picture() const;
 
     ManualClock m_clock;
     Ref<UIApplication> m_application;
@@ -152,6 +156,7 @@ private:
     std::int64_t m_framesComposed = 0;
     NSString m_clipboard;
     CGRect m_caretRect;
+    CGRect m_pictureArea = CGRectNull;
     bool m_textInputActive = false;
     bool m_isClosed = false;
 };

@@ -106,6 +106,7 @@ private:
     Action key();
     Action wait();
     Action rotate();
+    Action crop();
     Action snapshot();
     Action dump();
     Action record();
@@ -137,6 +138,7 @@ constexpr TouchScriptParser::Word TouchScriptParser::kWords[] = {
     {"key", &TouchScriptParser::key, "the name of a key"},
     {"wait", &TouchScriptParser::wait, "seconds"},
     {"rotate", &TouchScriptParser::rotate, "an orientation"},
+    {"crop", &TouchScriptParser::crop, "X, Y, width and height, or nothing after it"},
     {"snapshot", &TouchScriptParser::snapshot, "a file"},
     {"dump", &TouchScriptParser::dump, "a file"},
     {"record", &TouchScriptParser::record, "a file"},
@@ -314,6 +316,24 @@ TouchScript::Action TouchScriptParser::rotate() {
         return fail("there is no orientation " + quoted(m_arguments[0]));
     return [orientation = found->orientation](HeadlessHost& host) -> std::string {
         host.rotate(orientation);
+        return {};
+    };
+}
+
+TouchScript::Action TouchScriptParser::crop() {
+    if (m_arguments.empty())
+        return [](HeadlessHost& host) -> std::string {
+            host.setPictureArea(CGRectNull);
+            return {};
+        };
+    const auto origin = hasCount(4, 4) ? point() : std::nullopt;
+    const auto width = origin ? number(2, 1, kFarthestPoint) : std::nullopt;
+    const auto height = width ? number(3, 1, kFarthestPoint) : std::nullopt;
+    if (!height)
+        return {};
+    return [area = CGRectMake(origin->x, origin->y, static_cast<CGFloat>(*width), static_cast<CGFloat>(*height))](
+               HeadlessHost& host) -> std::string {
+        host.setPictureArea(area);
         return {};
     };
 }

@@ -28,6 +28,7 @@ namespace zr {
 ///                              shift+, control+ or alt+ before it; control+a, control+c, control+v, control+x
 ///     wait SECONDS             the clock advances
 ///     rotate ORIENTATION       portrait, portrait-upside-down, landscape-left, landscape-right
+///     crop X Y WIDTH HEIGHT    what pictures and recordings show from here on; `crop` alone: the screen again
 ///     snapshot FILE.png        the screen
 ///     dump FILE.json           the view trees
 ///     record FILE.webp         from here on, until `stop` or the end of the script

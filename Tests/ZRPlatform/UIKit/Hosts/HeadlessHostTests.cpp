@@ -300,6 +300,30 @@ TEST(HeadlessHost, SnapshotsAreWrittenAsPNG) {
     EXPECT_FALSE(host.writeSnapshot(outputFile("missing") + "/screen.png"));
 }
 
+TEST(HeadlessHost, PicturesShowTheChosenAreaInWholePixels) {
+    HeadlessHost host;
+    const auto window = shownWindow();
+    addView(window, {{10, 10}, {20, 30}}, UIColor::redColor());
+    host.setPictureArea({{10, 10}, {20, 30}});
+    const auto exact = host.snapshot();
+    ASSERT_TRUE(exact);
+    EXPECT_EQ(exact->width(), 40u);
+    EXPECT_EQ(exact->height(), 60u);
+    EXPECT_EQ(exact->row(0)[0], 0xffff0000u);
+    EXPECT_EQ(exact->row(59)[39], 0xffff0000u);
+    EXPECT_EQ(host.pixel({15, 15}), (FramePixel{255, 0, 0})) << "pixels are asked for on the screen";
+    host.setPictureArea({{10.2, 10}, {20, 1000}});
+    const auto widened = host.snapshot();
+    ASSERT_TRUE(widened);
+    EXPECT_EQ(widened->width(), 41u);
+    EXPECT_EQ(widened->height(), 1314u) << "it ends where the screen does";
+    host.setPictureArea({{375, 0}, {10, 10}});
+    EXPECT_FALSE(host.snapshot());
+    EXPECT_FALSE(host.writeSnapshot(outputFile("nothing.png")));
+    host.setPictureArea(CGRectNull);
+    EXPECT_EQ(host.snapshot()->width(), 750u);
+}
+
 TEST(HeadlessHost, LaunchingStartsTheDelegateAndTheEndTellsIt) {
     std::vector<std::string> diary;
     const auto delegate = make<StartingDelegate>();

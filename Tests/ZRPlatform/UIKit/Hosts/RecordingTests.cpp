@@ -78,6 +78,29 @@ TEST(Recording, HoldsTheFramesAtFixedStepsOfTheClock) {
     EXPECT_EQ(film.frames, expected);
 }
 
+TEST(Recording, ShowsTheChosenAreaOnly) {
+    HeadlessHost host(smallProfile());
+    const auto window = shownWindow();
+    const auto view = addView(window, {{0, 0}, {10, 10}}, UIColor::redColor());
+    host.setPictureArea({{5, 5}, {20, 15}});
+    const std::string path = outputFile("film.webp");
+    ASSERT_TRUE(host.startRecording(path, 10));
+    std::vector<std::string> expected{bytesOf(*host.snapshot())};
+    host.advance(0.05);
+    // Outside the area: no frame of its own.
+    addView(window, {{30, 30}, {10, 10}}, UIColor::redColor());
+    host.advance(0.1);
+    view->setFrame({{5, 5}, {10, 10}});
+    host.advance(0.1);
+    expected.push_back(bytesOf(*host.snapshot()));
+    ASSERT_TRUE(host.stopRecording());
+    const Film film = readFilm(path);
+    EXPECT_EQ(film.width, 20);
+    EXPECT_EQ(film.height, 15);
+    EXPECT_THAT(film.ends, ElementsAre(200, 300));
+    EXPECT_EQ(film.frames, expected);
+}
+
 TEST(Recording, FramesLikeTheOneBeforeOnlyLengthenIt) {
     HeadlessHost host(smallProfile());
     const auto window = shownWindow();

@@ -95,6 +95,18 @@ TEST(TouchScript, FilesAreWritten) {
     EXPECT_FALSE(host.isRecording());
 }
 
+TEST(TouchScript, PicturesShowThePartThatIsCropped) {
+    HeadlessHost host;
+    const auto window = shownWindow();
+    EXPECT_EQ(play(host, "crop 10 20.5 100 50"), "");
+    EXPECT_EQ(host.snapshot()->width(), 200u);
+    EXPECT_EQ(host.snapshot()->height(), 100u);
+    EXPECT_EQ(play(host, "crop"), "");
+    EXPECT_EQ(host.snapshot()->width(), 750u);
+    const std::string nothing = outputFile("nothing.png");
+    EXPECT_EQ(play(host, "crop 400 0 10 10\nsnapshot " + nothing), "line 2: \"" + nothing + "\" cannot be written");
+}
+
 TEST(TouchScript, AnImpossibleLineStopsTheScript) {
     HeadlessHost host;
     const auto window = shownWindow();
@@ -136,6 +148,8 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"key control+q", "line 1: there is no key \"control+q\""},
         Mistake{"key shift+a", "line 1: there is no key \"shift+a\""},
         Mistake{"rotate left", "line 1: there is no orientation \"left\""},
+        Mistake{"crop 1 2 3", "line 1: \"crop\" needs X, Y, width and height, or nothing after it"},
+        Mistake{"crop 1 2 0 4", "line 1: \"0\" is not a number from 1 to 100000"},
         Mistake{"snapshot # no file", "line 1: \"snapshot\" needs a file"},
         Mistake{"stop now", "line 1: \"stop\" needs nothing after it"}));
 
