@@ -12,7 +12,6 @@ namespace zr::gallery {
 
 namespace {
 
-constexpr CGFloat kScale = 2;
 constexpr std::size_t kColumns = 7;
 constexpr CGFloat kMargin = 28;
 constexpr CGFloat kGap = 24;
@@ -56,10 +55,10 @@ CGRect fittedRect(const CGImage* picture, CGRect place) {
                       place.origin.y + std::round((place.size.height - size.height) / 2), size.width, size.height);
 }
 
-void drawPicture(CGImage* picture, CGRect place) {
+void drawPicture(CGImage* picture, CGRect place, CGFloat scale) {
     UIImage::imageWithCGImage(picture)->drawInRect(place);
     Look::separatorColor()->setFill();
-    const CGFloat edge = 1 / kScale;
+    const CGFloat edge = 1 / scale;
     const CGRect outside = CGRectInset(place, -edge, -edge);
     UIRectFill(CGRectMake(outside.origin.x, outside.origin.y, outside.size.width, edge));
     UIRectFill(CGRectMake(outside.origin.x, CGRectGetMaxY(place), outside.size.width, edge));
@@ -67,8 +66,8 @@ void drawPicture(CGImage* picture, CGRect place) {
     UIRectFill(CGRectMake(CGRectGetMaxX(place), outside.origin.y, edge, outside.size.height));
 }
 
-void drawEntry(const ContactSheetEntry& entry, CGRect place) {
-    drawPicture(entry.picture, fittedRect(entry.picture, place));
+void drawEntry(const ContactSheetEntry& entry, CGRect place, CGFloat scale) {
+    drawPicture(entry.picture, fittedRect(entry.picture, place), scale);
     const CGFloat y = CGRectGetMaxY(place);
     drawCaption(entry.title, CGRectMake(place.origin.x, y + 10, place.size.width, 22), UIFont::boldSystemFontOfSize(15),
                 Look::titleColor());
@@ -78,17 +77,17 @@ void drawEntry(const ContactSheetEntry& entry, CGRect place) {
 
 } // namespace
 
-Ref<CGImage> drawContactSheet(const std::vector<ContactSheetEntry>& entries) {
+Ref<CGImage> drawContactSheet(const std::vector<ContactSheetEntry>& entries, CGFloat scale) {
     if (entries.empty())
         return nullptr;
     const SheetGeometry geometry = calculateGeometry(entries.size(), entries.front().picture);
     const CGSize size = geometry.size();
-    UIGraphicsBeginImageContextWithOptions(size, true, kScale);
+    UIGraphicsBeginImageContextWithOptions(size, true, scale);
     CGContextSetInterpolationQuality(UIGraphicsGetCurrentContext(), kCGInterpolationHigh);
     Look::pageColor()->setFill();
     UIRectFill(CGRectMake(0, 0, size.width, size.height));
     for (std::size_t i = 0; i < entries.size(); ++i)
-        drawEntry(entries[i], geometry.picture(i));
+        drawEntry(entries[i], geometry.picture(i), scale);
     const Ref<UIImage> sheet = UIGraphicsGetImageFromCurrentImageContext();
     UIGraphicsEndImageContext();
     return sheet ? sheet->CGImage() : nullptr;

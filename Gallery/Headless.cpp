@@ -67,7 +67,7 @@ int renderPages(const CommandLine& options) {
             return fail(cannotWrite(path));
     }
     const std::string path = options.renderFolder + "/contact-sheet.png";
-    if (!writePicture(drawContactSheet(entries), path))
+    if (!writePicture(drawContactSheet(entries, options.profile.scale), path))
         return fail(cannotWrite(path));
     return 0;
 }

@@ -25,9 +25,9 @@ bool samePixels(const CGImage& a, const CGImage& b) {
 
 struct AnimationRecorder::Encoder {
     Encoder(int width, int height) {
-        // The fastest of the levels without loss: recordings are made while tests and demonstrations run.
+        // Of the levels without loss the last one at which files shrink more than the work grows.
         WebPConfigInit(&config);
-        WebPConfigLosslessPreset(&config, 0);
+        WebPConfigLosslessPreset(&config, 3);
         WebPAnimEncoderOptions options;
         WebPAnimEncoderOptionsInit(&options);
         encoder = WebPAnimEncoderNew(width, height, &options);

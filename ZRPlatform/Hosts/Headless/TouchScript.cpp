@@ -109,6 +109,7 @@ private:
     Action crop();
     Action snapshot();
     Action dump();
+    Action fps();
     Action record();
     Action stop();
 
@@ -124,6 +125,8 @@ private:
     /// What follows the word: to the letter, and split.
     std::string_view m_rest;
     std::vector<std::string_view> m_arguments;
+    /// Of the recordings that follow.
+    int m_framesPerSecond = 30;
     std::string m_error;
 };
 
@@ -141,6 +144,7 @@ constexpr TouchScriptParser::Word TouchScriptParser::kWords[] = {
     {"crop", &TouchScriptParser::crop, "X, Y, width and height, or nothing after it"},
     {"snapshot", &TouchScriptParser::snapshot, "a file"},
     {"dump", &TouchScriptParser::dump, "a file"},
+    {"fps", &TouchScriptParser::fps, "frames a second"},
     {"record", &TouchScriptParser::record, "a file"},
     {"stop", &TouchScriptParser::stop, "nothing after it"},
 };
@@ -359,14 +363,20 @@ TouchScript::Action TouchScriptParser::dump() {
     };
 }
 
+TouchScript::Action TouchScriptParser::fps() {
+    if (const auto frames = hasCount(1, 1) ? number(0, 1, 120) : std::nullopt)
+        m_framesPerSecond = static_cast<int>(*frames);
+    return {};
+}
+
 TouchScript::Action TouchScriptParser::record() {
     const std::string file = path();
     if (file.empty())
         return {};
-    return [file](HeadlessHost& host) -> std::string {
+    return [file, fps = m_framesPerSecond](HeadlessHost& host) -> std::string {
         if (host.isRecording())
             return "a recording runs already";
-        return host.startRecording(file) ? "" : quoted(file) + " cannot be written";
+        return host.startRecording(file, fps) ? "" : quoted(file) + " cannot be written";
     };
 }
 

@@ -31,6 +31,7 @@ namespace zr {
 ///     crop X Y WIDTH HEIGHT    what pictures and recordings show from here on; `crop` alone: the screen again
 ///     snapshot FILE.png        the screen
 ///     dump FILE.json           the view trees
+///     fps N                    frames a second of the recordings from here on, 1 to 120; 30 at first
 ///     record FILE.webp         from here on, until `stop` or the end of the script
 ///     stop
 ///

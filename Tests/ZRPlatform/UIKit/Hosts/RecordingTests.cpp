@@ -1,5 +1,7 @@
 #include <Tests/ZRPlatform/UIKit/Hosts/HostFixtures.h>
 
+#include <ZRPlatform/Hosts/Headless/TouchScript.h>
+
 #include <gmock/gmock.h>
 #include <webp/demux.h>
 
@@ -99,6 +101,19 @@ TEST(Recording, ShowsTheChosenAreaOnly) {
     EXPECT_EQ(film.height, 15);
     EXPECT_THAT(film.ends, ElementsAre(200, 300));
     EXPECT_EQ(film.frames, expected);
+}
+
+TEST(Recording, TakesAsManyFramesASecondAsAScriptSays) {
+    HeadlessHost host(smallProfile());
+    const auto window = shownWindow();
+    const auto view = addView(window, {{0, 0}, {10, 10}}, UIColor::redColor());
+    const std::string path = outputFile("film.webp");
+    std::string error;
+    const auto script = TouchScript::parse("fps 4\nrecord " + path + "\nwait 1", error);
+    ASSERT_TRUE(script) << error;
+    UIView::animateWithDuration_animations(1, [&] { view->setFrame({{40, 0}, {10, 10}}); });
+    ASSERT_TRUE(script->run(host, error)) << error;
+    EXPECT_THAT(readFilm(path).ends, ElementsAre(250, 500, 750, 1000, 1250));
 }
 
 TEST(Recording, FramesLikeTheOneBeforeOnlyLengthenIt) {

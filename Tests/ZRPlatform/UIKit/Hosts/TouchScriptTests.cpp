@@ -148,6 +148,8 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"key control+q", "line 1: there is no key \"control+q\""},
         Mistake{"key shift+a", "line 1: there is no key \"shift+a\""},
         Mistake{"rotate left", "line 1: there is no orientation \"left\""},
+        Mistake{"fps 0", "line 1: \"0\" is not a number from 1 to 120"},
+        Mistake{"fps", "line 1: \"fps\" needs frames a second"},
         Mistake{"crop 1 2 3", "line 1: \"crop\" needs X, Y, width and height, or nothing after it"},
         Mistake{"crop 1 2 0 4", "line 1: \"0\" is not a number from 1 to 100000"},
         Mistake{"snapshot # no file", "line 1: \"snapshot\" needs a file"},

@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# pictures_test.sh GALLERY DOCS WORK: draws the documents' pictures twice, at the same time, and fails unless both runs
+# wrote the same bytes, every script wrote a picture, the documents have those pictures and no others but the overview,
+# and none is larger than a page may load. Whether they are up to date, ./zr pictures --check tells.
+set -euo pipefail
+gallery=$1
+docs=$2
+work=$3
+
+fail() {
+    echo "FAILED: $*" >&2
+    exit 1
+}
+
+rm -rf "$work/first" "$work/second"
+"$docs/Scripts/draw_pictures.sh" "$gallery" "$work/first" &
+first=$!
+"$docs/Scripts/draw_pictures.sh" "$gallery" "$work/second" || fail "the pictures cannot be drawn"
+wait "$first" || fail "the pictures cannot be drawn"
+diff -r "$work/first" "$work/second" || fail "a second run draws other pictures"
+
+for script in "$docs"/Scripts/*.txt; do
+    name=$(basename "$script" .txt)
+    [[ -s $work/first/$name.png ]] || fail "$script draws no $name.png"
+done
+diff <(ls "$work/first") <(ls "$docs/Images" | grep -v '^overview.png$') ||
+    fail "Docs/Images has other pictures than the scripts draw"
+large=$(find "$work/first" ! -name contact-sheet.png -size +100k)
+[[ -z $large ]] || fail "more than 100 kB: $large"
+(($(du -sb "$docs/Images" | cut -f1) <= 3000000)) || fail "Docs/Images has more than 3 MB"
