@@ -1,23 +1,24 @@
 #!/usr/bin/env bash
-# outside_application.sh BUILD WORK README: installs BUILD into a fresh prefix under WORK, moves the prefix, and builds and
-# runs an application against it, once through find_package and once through pkg-config; then builds the application and
-# the test that README shows, as it shows them. CMAKE and CXX name the tools.
+# outside_application.sh BUILD WORK ROOT: installs BUILD into a fresh prefix under WORK, moves the prefix, and builds and
+# runs an application against it, once through find_package and once through pkg-config; then builds the
+# application and the test of each document that shows one with its CMakeLists.txt, as it shows them: the first C++ block
+# is the application, the second one its test. CMAKE and CXX name the tools.
 set -euo pipefail
 build=$1
 work=$2
-readme=$3
+root=$3
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 source "$here/building.sh"
 
-# block LANGUAGE NUMBER: that code block of README.
+# block LANGUAGE NUMBER: that code block of the document.
 block() {
     awk -v fence="\`\`\`$1" -v number="$2" '
         $0 == "```" { inside = 0 }
         inside { print }
-        $0 == fence { inside = ++count == number }' "$readme"
+        $0 == fence { inside = ++count == number }' "$document"
 }
 
-rm -rf "$work/application" "$work/headers" "$work/readme"
+rm -rf "$work/application" "$work/headers" "$work/shown"
 install_kit "$build" "$work"
 prefix=$work/prefix
 
@@ -54,17 +55,23 @@ echo "-- pkg-config"
 build_with_pkg_config "$here/Application/main.cpp" "$work/application/with_pkg_config" "$prefix"
 expect_output run_with_libraries "$prefix" "$work/application/with_pkg_config"
 
-echo "-- the README's application and its test"
-mkdir "$work/readme"
-block cpp 1 >"$work/readme/main.cpp"
-block cmake 1 >"$work/readme/CMakeLists.txt"
-{
-    sed '/^int main/d' "$work/readme/main.cpp"
-    block cpp 2
-} >"$work/readme/test.cpp"
-build_with_cmake "$work/readme" "$work/readme/build" "$prefix"
-build_with_pkg_config "$work/readme/main.cpp" "$work/readme/app" "$prefix"
-build_with_pkg_config "$work/readme/test.cpp" "$work/readme/test" "$prefix" -lgtest -lgtest_main
-cd "$work/readme"
-quietly run_with_libraries "$prefix" ./test || fail "the README's test does not pass"
-[[ -s screen.png ]] || fail "the README's test wrote no picture"
+mapfile -t documents < <(grep -lx '```cmake' "$root"/README.md "$root"/Docs/*.md)
+((${#documents[@]})) || fail "no document shows an application"
+for document in "${documents[@]}"; do
+    name=$(basename "$document" .md)
+    echo "-- the application and the test of $name"
+    shown=$work/shown/$name
+    mkdir -p "$shown"
+    block cpp 1 >"$shown/main.cpp"
+    block cmake 1 >"$shown/CMakeLists.txt"
+    {
+        sed '/^int main/d' "$shown/main.cpp"
+        block cpp 2
+    } >"$shown/test.cpp"
+    build_with_cmake "$shown" "$shown/build" "$prefix"
+    build_with_pkg_config "$shown/main.cpp" "$shown/app" "$prefix"
+    build_with_pkg_config "$shown/test.cpp" "$shown/test" "$prefix" -lgtest -lgtest_main
+    cd "$shown"
+    quietly run_with_libraries "$prefix" ./test || fail "the test of $name does not pass"
+    [[ -s screen.png ]] || fail "the test of $name wrote no picture"
+done
