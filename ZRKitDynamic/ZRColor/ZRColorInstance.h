@@ -31,6 +31,7 @@ public:
 
     /// Nobody owns the instance: these count nothing.
     NSObject* retain() override { return this; }
+    /// As for `retain`.
     void release() override {}
 
 private:

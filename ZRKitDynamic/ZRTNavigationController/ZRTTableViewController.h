@@ -38,6 +38,7 @@ public:
     /// @name Rows
     /// @{
     CGFloat tableView_heightForRowAtIndexPath(UITableView* table, const NSIndexPath& indexPath) override;
+    /// None. To be overridden.
     NSInteger tableView_numberOfRowsInSection(UITableView* table, NSInteger section) override;
     /// Nil. To be overridden along with the number of rows.
     Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView* table, const NSIndexPath& indexPath) override;

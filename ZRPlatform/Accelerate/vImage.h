@@ -28,6 +28,7 @@ using Pixel_8888 = std::uint8_t[4];
 /// kvImageNoError, one of the negative codes below, or a size in bytes where a function is asked for one.
 using vImage_Error = std::ptrdiff_t;
 
+/// All went well.
 inline constexpr vImage_Error kvImageNoError = 0;
 /// The part asked for reaches over the right or lower border of the source.
 inline constexpr vImage_Error kvImageRoiLargerThanInputBuffer = -21766;
@@ -47,6 +48,7 @@ inline constexpr vImage_Error kvImageUnknownFlagsBit = -21775;
 /// Options, added up.
 using vImage_Flags = std::uint32_t;
 
+/// None of them.
 inline constexpr vImage_Flags kvImageNoFlags = 0;
 /// Works on the last three channels only; the first is the source's.
 inline constexpr vImage_Flags kvImageLeaveAlphaUnchanged = 1;

@@ -10,12 +10,15 @@ namespace zr {
 
 class CGImage;
 
+/// How many components a colour has: one, three, or a pattern instead.
 enum CGColorSpaceModel { kCGColorSpaceModelMonochrome = 0, kCGColorSpaceModelRGB = 1, kCGColorSpaceModelPattern = 6 };
 
 /// What a colour's components mean.
 class CGColorSpace : public NSObject {
 public:
+    /// For `CGColorSpaceCreateDeviceRGB` and its kin.
     explicit CGColorSpace(CGColorSpaceModel model) : m_model(model) {}
+    /// As given.
     CGColorSpaceModel model() const { return m_model; }
 
 private:
@@ -23,8 +26,10 @@ private:
 };
 using CGColorSpaceRef = CGColorSpace*;
 
+/// The spaces of three components and of one.
 Ref<CGColorSpace> CGColorSpaceCreateDeviceRGB();
 Ref<CGColorSpace> CGColorSpaceCreateDeviceGray();
+/// As the space was made.
 CGColorSpaceModel CGColorSpaceGetModel(CGColorSpaceRef space);
 /// Colour components without alpha: 3, 1, or 0 for a pattern or nil.
 NSUInteger CGColorSpaceGetNumberOfComponents(CGColorSpaceRef space);
@@ -38,13 +43,17 @@ struct RGBAColor {
 /// An immutable colour: components and alpha in a colour space, or an image that is tiled from the origin.
 class CGColor : public NSObject {
 public:
+    /// `components`: those of the space, then alpha; 0..1, not clamped.
     CGColor(CGColorSpaceRef space, std::vector<CGFloat> components);
+    /// A pattern: the image, tiled from the origin. Kept.
     explicit CGColor(CGImage* pattern);
     ~CGColor() override;
 
+    /// Nil only for one that was made without.
     CGColorSpaceRef colorSpace() const { return m_space; }
     /// The colour components, then alpha. Empty for a pattern.
     const std::vector<CGFloat>& components() const { return m_components; }
+    /// 0..1; a pattern's is 1.
     CGFloat alpha() const { return m_components.empty() ? 1 : m_components.back(); }
     /// Grey is spread over the three; a pattern gives transparent black.
     RGBAColor rgba() const;

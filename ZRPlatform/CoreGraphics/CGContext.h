@@ -11,8 +11,11 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// How a stroke ends: at its end, round beyond it, or square beyond it, by half its width.
 enum CGLineCap { kCGLineCapButt = 0, kCGLineCapRound = 1, kCGLineCapSquare = 2 };
+/// How two lines of a stroke meet.
 enum CGLineJoin { kCGLineJoinMiter = 0, kCGLineJoinRound = 1, kCGLineJoinBevel = 2 };
+/// What is painted of a path; EO is the even-odd rule.
 enum CGPathDrawingMode {
     kCGPathFill = 0,
     kCGPathEOFill = 1,
@@ -20,6 +23,7 @@ enum CGPathDrawingMode {
     kCGPathFillStroke = 3,
     kCGPathEOFillStroke = 4,
 };
+/// How images are sampled that are drawn larger or smaller.
 enum CGInterpolationQuality {
     kCGInterpolationDefault = 0,
     kCGInterpolationNone = 1,
@@ -89,6 +93,7 @@ class CGContext : public NSObject {
 public:
     CGContext();
 
+    /// What colours, line, transform and clip are at this moment; a save stores it.
     CGGraphicsState& state() { return m_states.back().state; }
     const CGGraphicsState& state() const { return m_states.back().state; }
     /// The path being built, in device space.
@@ -100,9 +105,11 @@ public:
     /// Whether anything can be drawn: the transform has an inverse.
     bool canDraw() const;
 
+    /// Puts a copy of the state, clip included, on a stack.
     void save();
     /// Ignored when there is nothing to restore, also inside a transparency layer that was begun after the save.
     void restore();
+    /// What follows is drawn as one group, with alpha, blend mode and shadow of this moment.
     void beginLayer();
     /// Also undoes the saves made inside. Ignored without a layer.
     void endLayer();
@@ -126,7 +133,9 @@ public:
     /// @}
 
 protected:
+    /// The clip's part of a save and a restore, which come in pairs.
     virtual void saveClip() = 0;
+    /// Back to the clip of the last `saveClip`.
     virtual void restoreClip() = 0;
     /// From here on everything is drawn into a transparent group; the state is that of the inside.
     virtual void beginGroup() = 0;

@@ -14,7 +14,9 @@ public:
     /// A copy; nil when there is not enough memory.
     static Ref<CFData> copyOf(const std::uint8_t* bytes, NSUInteger length);
 
+    /// `length` bytes, owned by the data.
     std::uint8_t* bytes() const { return m_bytes.get(); }
+    /// In bytes.
     NSUInteger length() const { return m_length; }
 
 private:
@@ -36,10 +38,13 @@ NSInteger CFDataGetLength(CFDataRef data);
 /// Where a bitmap's bytes come from.
 class CGDataProvider : public NSObject {
 public:
+    /// Keeps the bytes.
     CGDataProvider(std::shared_ptr<const std::uint8_t[]> bytes, NSUInteger length) :
         m_bytes(std::move(bytes)), m_length(length) {}
 
+    /// `length` bytes, owned by the provider.
     const std::uint8_t* bytes() const { return m_bytes.get(); }
+    /// In bytes.
     NSUInteger length() const { return m_length; }
 
 private:

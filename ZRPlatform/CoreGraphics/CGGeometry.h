@@ -15,12 +15,14 @@ using CGFloat = double;
 using CGFloat = float;
 #endif
 
+/// A place: x to the right, y downwards in views and upwards in device space.
 struct CGPoint {
     CGFloat x = 0;
     CGFloat y = 0;
     friend bool operator==(const CGPoint&, const CGPoint&) = default;
 };
 
+/// A width and a height; either may be negative.
 struct CGSize {
     CGFloat width = 0;
     CGFloat height = 0;
@@ -34,22 +36,30 @@ struct CGRect {
     friend bool operator==(const CGRect&, const CGRect&) = default;
 };
 
+/// All numbers are 0.
 inline constexpr CGPoint CGPointZero{};
+/// All numbers are 0.
 inline constexpr CGSize CGSizeZero{};
+/// All numbers are 0.
 inline constexpr CGRect CGRectZero{};
 /// "No rectangle": the intersection of rectangles that do not meet.
 inline constexpr CGRect CGRectNull{{std::numeric_limits<CGFloat>::infinity(), std::numeric_limits<CGFloat>::infinity()},
                                    {0, 0}};
 
+/// Of numbers taken as they are.
 inline constexpr CGPoint CGPointMake(CGFloat x, CGFloat y) { return {x, y}; }
+/// Of numbers taken as they are.
 inline constexpr CGSize CGSizeMake(CGFloat width, CGFloat height) { return {width, height}; }
+/// Of numbers taken as they are.
 inline constexpr CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
     return {{x, y}, {width, height}};
 }
 
+/// Number by number, exactly.
 inline bool CGPointEqualToPoint(CGPoint a, CGPoint b) { return a == b; }
 inline bool CGSizeEqualToSize(CGSize a, CGSize b) { return a == b; }
 
+/// Edges, middles and sides of the rectangle as if standardised: sides are never negative.
 inline CGFloat CGRectGetMinX(CGRect rect) { return std::fmin(rect.origin.x, rect.origin.x + rect.size.width); }
 inline CGFloat CGRectGetMidX(CGRect rect) { return rect.origin.x + rect.size.width * CGFloat(0.5); }
 inline CGFloat CGRectGetMaxX(CGRect rect) { return std::fmax(rect.origin.x, rect.origin.x + rect.size.width); }

@@ -18,12 +18,16 @@ using CGGradientOptions = unsigned;
 /// Colours at places from 0 to 1, blended linearly in between (the components as they are, before premultiplication).
 class CGGradient : public NSObject {
 public:
+    /// A colour and its place, 0 to 1.
     struct Stop {
+        /// 0 to 1.
         CGFloat location;
+        /// Not premultiplied.
         RGBAColor color;
     };
     /// `stops` are sorted by location, those of equal location stay in order.
     explicit CGGradient(std::vector<Stop> stops);
+    /// By location, 0 to 1.
     const std::vector<Stop>& stops() const { return m_stops; }
     /// The blended colour at `location`; the end colours outside.
     RGBAColor colorAt(CGFloat location) const;

@@ -18,14 +18,17 @@ public:
     CGImage(NSUInteger width, NSUInteger height, NSUInteger bytesPerRow, std::shared_ptr<const std::uint8_t[]> pixels,
             bool opaque);
 
+    /// In pixels; a row may have more bytes than its pixels need.
     NSUInteger width() const { return m_width; }
     NSUInteger height() const { return m_height; }
     NSUInteger bytesPerRow() const { return m_bytesPerRow; }
     /// The first pixel of the first (top) row.
     const std::uint8_t* pixels() const { return m_pixels.get(); }
+    /// `width` pixels of that row, the top one being row 0.
     const std::uint32_t* row(NSUInteger y) const {
         return reinterpret_cast<const std::uint32_t*>(m_pixels.get() + y * m_bytesPerRow);
     }
+    /// Whether every pixel is known to be.
     bool isOpaque() const { return m_opaque; }
 
 private:

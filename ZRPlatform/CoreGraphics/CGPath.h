@@ -9,6 +9,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// The kinds of steps.
 enum CGPathElementType {
     kCGPathElementMoveToPoint = 0,
     kCGPathElementAddLineToPoint = 1,
@@ -32,6 +33,7 @@ NSUInteger CGPathElementPointCount(CGPathElementType type);
 /// curves, an arc of more than 45 degrees as several.
 class CGPath : public NSObject {
 public:
+    /// In the order they were added.
     const std::vector<CGPathElement>& elements() const { return m_elements; }
     /// False once an element with a number that is not finite was offered. That element is not stored, and a context
     /// draws nothing of such a path.
@@ -42,6 +44,7 @@ public:
     bool isEqual(const NSObject* other) const override;
 
 protected:
+    /// What `CGMutablePath` builds.
     std::vector<CGPathElement> m_elements;
     CGPoint m_currentPoint;
     CGPoint m_subpathStart;

@@ -33,6 +33,7 @@ public:
     static Ref<CIFilter> filterWithName_keysAndValues(const NSString& name,
                                                       const std::vector<std::pair<NSString, NSValue>>& keysAndValues);
 
+    /// What `filterWithName` knows it by, for example "CIGaussianBlur".
     virtual NSString name() const = 0;
     /// Every parameter but the input image gets its default.
     virtual void setDefaults() = 0;

@@ -13,25 +13,31 @@ namespace zr {
 /// main thread (main). Blocks are kept until they have run.
 class DispatchQueue : public NSObject {
 public:
+    /// Returns at once; the block runs later, on a thread of the queue's.
     virtual void async(std::function<void()> block) = 0;
     /// Returns when the block has run.
     virtual void sync(const std::function<void()>& block) = 0;
+    /// For logs; may be nil.
     const NSString& label() const { return m_label; }
 
 protected:
+    /// `label`: for logs, may be nil.
     explicit DispatchQueue(NSString label) : m_label(std::move(label)) {}
 
 private:
     NSString m_label;
 };
 
+/// Borrowed; the main and the global queues live as long as the process.
 using dispatch_queue_t = DispatchQueue*;
 
+/// Of the global queues.
 inline constexpr long DISPATCH_QUEUE_PRIORITY_HIGH = 2;
 inline constexpr long DISPATCH_QUEUE_PRIORITY_DEFAULT = 0;
 inline constexpr long DISPATCH_QUEUE_PRIORITY_LOW = -2;
 inline constexpr long DISPATCH_QUEUE_PRIORITY_BACKGROUND = -32768;
 
+/// Its blocks run on the main thread, in turns of the run loop.
 dispatch_queue_t dispatch_get_main_queue();
 /// The queue of this priority; an unknown priority gives nil. `flags` is reserved, and 0.
 dispatch_queue_t dispatch_get_global_queue(long priority, unsigned long flags);
@@ -47,6 +53,7 @@ void dispatch_sync(dispatch_queue_t queue, const std::function<void()>& block);
 /// Runs the block on the queue `seconds` from now, on the current clock.
 void dispatch_after(double seconds, dispatch_queue_t queue, std::function<void()> block);
 
+/// Whether it has run; outlives every call.
 using dispatch_once_t = std::once_flag;
 /// Runs the block the first time only; every caller returns after it has run.
 void dispatch_once(dispatch_once_t* predicate, const std::function<void()>& block);

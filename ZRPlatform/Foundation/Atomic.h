@@ -17,9 +17,11 @@ template <class T>
 class Atomic {
 public:
     Atomic() = default;
+    /// Begins with this value.
     Atomic(T value) : m_value(std::move(value)) {}
     Atomic(const Atomic&) = delete;
 
+    /// A copy of the last value written.
     T load() const {
         if constexpr (kLockFree) {
             return m_value.load();
@@ -38,10 +40,12 @@ public:
             return value;
         }
     }
+    /// Writes the value; the one before is let go after the lock.
     Atomic& operator=(T value) {
         exchange(std::move(value));
         return *this;
     }
+    /// The same as `load`.
     operator T() const { return load(); }
 
 private:

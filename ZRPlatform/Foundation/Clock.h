@@ -10,9 +10,11 @@ namespace zr {
 /// A moment or a span, in nanoseconds; whole numbers, so that 0.3 s and 0.7 s make exactly one second.
 using Nanoseconds = std::int64_t;
 
+/// As many as a second has.
 inline constexpr Nanoseconds kNanosecondsPerSecond = 1'000'000'000;
 /// Rounded to the nearest nanosecond; not-a-number is 0 and spans beyond a century are a century.
 Nanoseconds nanosecondsFromSeconds(NSTimeInterval seconds);
+/// As near as a number of that precision comes.
 inline NSTimeInterval secondsFromNanoseconds(Nanoseconds time) { return static_cast<double>(time) / 1e9; }
 
 /// What every timer, animation, date and delayed perform reads. One clock is current at a time: the real one, or a

@@ -13,6 +13,7 @@ public:
     static Ref<NSDate> date();
     /// `seconds` from now; may be negative.
     static Ref<NSDate> dateWithTimeIntervalSinceNow(NSTimeInterval seconds);
+    /// `seconds` from 1 January 2001; may be negative.
     bool initWithTimeIntervalSinceReferenceDate(NSTimeInterval seconds);
 
     /// Seconds from `other` to this date; 0 when `other` is nil.
@@ -20,7 +21,9 @@ public:
     NSTimeInterval timeIntervalSinceNow() const;
     /// Seconds since 1 January 2001.
     NSTimeInterval timeIntervalSinceReferenceDate() const;
+    /// `seconds` later, or earlier when negative.
     Ref<NSDate> dateByAddingTimeInterval(NSTimeInterval seconds) const;
+    /// Which of the two comes first.
     NSComparisonResult compare(const NSDate* other) const;
     bool isEqual(const NSObject* other) const override;
 

@@ -24,6 +24,7 @@ public:
         return path;
     }
 
+    /// Whether it is no place in a list: what a path is until it is made for a row.
     bool isNil() const { return m_section == NSNotFound; }
     /// `NSNotFound` for nil.
     NSInteger section() const { return m_section; }

@@ -41,6 +41,7 @@ constexpr KeyEntry key(const char* name) {
 class KeyTable {
 public:
     KeyTable() = default;
+    /// `superclass`: outlives this one. Its keys count where this one has none of the name.
     KeyTable(const KeyTable& superclass, std::initializer_list<KeyEntry> entries) :
         m_superclass(&superclass), m_entries(entries) {}
 
@@ -52,6 +53,7 @@ private:
     std::vector<KeyEntry> m_entries;
 };
 
+/// What an observer wants to be told, to be added up: the new value, the old one, and the present one at once.
 enum NSKeyValueObservingOptions : NSUInteger {
     NSKeyValueObservingOptionNew = 1,
     NSKeyValueObservingOptionOld = 2,

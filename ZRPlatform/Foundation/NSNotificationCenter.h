@@ -13,9 +13,13 @@ namespace zr {
 /// What an observer receives: the name, the sender (may be nil) and free information.
 class NSNotification : public NSObject {
 public:
+    /// Name and information are copied, the sender is kept.
     bool initWithName_object_userInfo(const NSString& name, NSObject* object, const NSValue& userInfo);
+    /// As posted; the sender and the information may be nil.
     const NSString& name() const { return m_name; }
+    /// The sender, kept; may be nil.
     NSObject* object() const { return m_object; }
+    /// As posted; may be nil.
     const NSValue& userInfo() const { return m_userInfo; }
 
 private:
@@ -29,6 +33,7 @@ private:
 /// May be used on any thread.
 class NSNotificationCenter : public NSObject {
 public:
+    /// The one of the process; it lives as long as that.
     static NSNotificationCenter* defaultCenter();
 
     /// A nil name observes every name, a nil object every sender. Observers and senders are held weakly. The message
@@ -37,6 +42,7 @@ public:
     /// Every registration of this observer; with a name or a sender, only those made for it.
     void removeObserver(NSObject* observer);
     void removeObserver_name_object(NSObject* observer, const NSString& name, NSObject* object);
+    /// Returns when everybody has been told. `object`: the sender, may be nil.
     void postNotificationName_object(const NSString& name, NSObject* object);
     void postNotificationName_object_userInfo(const NSString& name, NSObject* object, const NSValue& userInfo);
 

@@ -39,7 +39,9 @@ public:
     /// The plain initialiser. An override calls its superclass's first; false means "no object".
     virtual bool init();
 
+    /// Count one reference more, or less. `Ref` does it; nobody else should. The last release destroys the object.
     virtual NSObject* retain();
+    /// As for `retain`; the last one destroys the object.
     virtual void release();
     /// For logs; 0 once the object has begun to go away.
     NSUInteger retainCount() const;

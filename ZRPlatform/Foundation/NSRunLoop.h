@@ -18,6 +18,7 @@ namespace zr {
 /// another thread runs its own with `runUntilDate`.
 class NSRunLoop : public NSObject {
 public:
+    /// The main thread's, from any thread.
     static NSRunLoop* mainRunLoop();
     /// This thread's own, made on first use.
     static NSRunLoop* currentRunLoop();
@@ -25,6 +26,7 @@ public:
     /// The timer is kept until it has fired for the last time, and fires on the thread of this run loop. A timer that
     /// is not valid, or on a run loop already, is ignored.
     void addTimer(NSTimer* timer);
+    /// It fires no more; one that is not here is ignored.
     void removeTimer(NSTimer* timer);
     /// Hands `block` over, from any thread; it runs in a later step of this loop. Wakes the loop.
     void performBlock(std::function<void()> block);

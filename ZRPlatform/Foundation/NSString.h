@@ -19,6 +19,7 @@ namespace zr {
 class NSString {
 public:
     NSString() = default;
+    /// Nil.
     NSString(std::nullptr_t) {}
     /// A null pointer gives nil.
     NSString(const char* text);
@@ -27,11 +28,15 @@ public:
     /// printf's format and arguments, each `%@` left out: C types only.
     static NSString stringWithFormat(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
+    /// An empty string is not nil.
     bool isNil() const { return !m_text; }
     /// The bytes; empty for nil.
     const std::string& utf8() const;
+    /// The same, ended by a zero byte; as long as a copy of the string lives.
     const char* UTF8String() const { return utf8().c_str(); }
+    /// The UTF-16 code units; empty for nil.
     std::u16string utf16() const;
+    /// Halves of pairs that stand alone become U+FFFD.
     static NSString stringWithUTF16(std::u16string_view text);
 
     /// Count of UTF-16 code units; 0 for nil.
@@ -94,6 +99,7 @@ public:
     friend bool operator==(const NSString& a, const NSString& b) {
         return a.isNil() == b.isNil() && a.utf8() == b.utf8();
     }
+    /// By bytes, nil first: an order for containers.
     friend bool operator<(const NSString& a, const NSString& b) {
         return a.isNil() != b.isNil() ? a.isNil() : a.utf8() < b.utf8();
     }

@@ -27,8 +27,11 @@ public:
     static Ref<NSTimer> scheduledTimerWithTimeInterval_repeats_block(NSTimeInterval interval, bool repeats,
                                                                      std::function<void(NSTimer*)> block);
 
+    /// Seconds from beat to beat.
     NSTimeInterval timeInterval() const { return secondsFromNanoseconds(m_interval); }
+    /// As given; nil once the timer is invalid.
     const NSValue& userInfo() const { return m_userInfo; }
+    /// Whether it will fire again.
     bool isValid() const { return m_valid; }
     /// Fires now, without changing the schedule of a repeating timer.
     void fire();

@@ -17,6 +17,7 @@ using NSTimeInterval = double;
 /// "Not found", where a position is asked for.
 inline constexpr NSInteger NSNotFound = std::numeric_limits<NSInteger>::max();
 
+/// Whether the first comes before the second, with it, or after it.
 enum NSComparisonResult : NSInteger { NSOrderedAscending = -1, NSOrderedSame = 0, NSOrderedDescending = 1 };
 
 /// A run of UTF-16 code units in a string: first index and count.
@@ -27,7 +28,9 @@ struct NSRange {
     friend bool operator==(const NSRange&, const NSRange&) = default;
 };
 
+/// First index and count.
 inline constexpr NSRange NSMakeRange(NSUInteger location, NSUInteger length) { return {location, length}; }
+/// The first index behind the range.
 inline constexpr NSUInteger NSMaxRange(NSRange range) { return range.location + range.length; }
 
 } // namespace zr

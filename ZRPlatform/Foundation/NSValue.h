@@ -18,6 +18,7 @@ namespace zr {
 class NSValue {
 public:
     NSValue() = default;
+    /// Nil.
     NSValue(std::nullptr_t) {}
     /// A template, so that a pointer to something that is not an object does not slip in as a flag.
     template <std::same_as<bool> T>
@@ -48,6 +49,7 @@ public:
             value.m_value = std::any(pointer);
         return value;
     }
+    /// The address; null when the value is something else.
     void* pointerValue() const {
         const auto* any = std::get_if<std::any>(&m_value);
         auto* const* pointer = any ? std::any_cast<void*>(any) : nullptr;
@@ -62,13 +64,17 @@ public:
         return value;
     }
 
+    /// Whether nothing is boxed.
     bool isNil() const { return std::holds_alternative<std::monostate>(m_value); }
+    /// Whether a number is not 0; false for what is no number.
     bool boolValue() const { return doubleValue() != 0; }
     /// Fractions are cut off and what is out of range is clamped; not-a-number is 0.
     std::int32_t intValue() const { return as<std::int32_t>(); }
+    /// As `intValue`.
     NSInteger integerValue() const;
     /// What is out of range is infinite.
     float floatValue() const;
+    /// 0 for what is no number.
     double doubleValue() const;
     /// The string; nil when the value is something else.
     NSString stringValue() const;

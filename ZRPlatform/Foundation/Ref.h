@@ -13,6 +13,7 @@ template <class T>
 class Ref {
 public:
     Ref() = default;
+    /// Nil.
     Ref(std::nullptr_t) {}
     /// Retains `object`.
     Ref(T* object) : m_object(object) { retainObject(); }
@@ -25,6 +26,7 @@ public:
     noexcept : m_object(other.leak()) {}
     ~Ref() { releaseObject(m_object); }
 
+    /// Releases what was held before, after it has taken the new one.
     Ref& operator=(Ref other) noexcept {
         std::swap(m_object, other.m_object);
         return *this;
@@ -37,7 +39,9 @@ public:
         return ref;
     }
 
+    /// The object, borrowed; null for nil.
     T* get() const { return m_object; }
+    /// The object, where a pointer is asked for. Calling through nil is undefined.
     operator T*() const { return m_object; }
     T* operator->() const { return m_object; }
     T& operator*() const { return *m_object; }

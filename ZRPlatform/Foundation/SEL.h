@@ -23,10 +23,14 @@ struct SelectorRecord {
 class SEL {
 public:
     constexpr SEL() = default;
+    /// Nil.
     constexpr SEL(std::nullptr_t) {}
+    /// For `selector`.
     constexpr explicit SEL(const detail::SelectorRecord* record) : m_record(record) {}
 
+    /// Whether it is not nil.
     constexpr explicit operator bool() const { return m_record != nullptr; }
+    /// Whether both are the same method's, or both nil.
     friend constexpr bool operator==(SEL a, SEL b) { return a.m_record == b.m_record; }
 
     /// Whether an object of this class can be sent the message.
@@ -81,6 +85,7 @@ inline constexpr SelectorRecord selectorRecord{&invokeMethod<Method>, &acceptsMe
 
 } // namespace detail
 
+/// The message that calls `Method`, a pointer to a member function: `selector<&MyView::tapped>`.
 template <auto Method>
 inline constexpr SEL selector{&detail::selectorRecord<Method>};
 

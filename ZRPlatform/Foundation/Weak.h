@@ -41,14 +41,19 @@ template <class T>
 class Weak {
 public:
     Weak() = default;
+    /// Nil.
     Weak(std::nullptr_t) {}
+    /// Reads null from when the object begins to go away. Nothing is retained.
     Weak(T* object) : m_object(object), m_anchor(object ? object->weakAnchor() : nullptr) {}
     template <class U>
     requires std::is_convertible_v<U*, T*> Weak(const Ref<U>& object) : Weak(static_cast<T*>(object.get())) {}
 
+    /// Borrowed; null once the object has begun to go away.
     T* get() const { return m_anchor && m_anchor->isAlive() ? m_object : nullptr; }
+    /// A strong reference; nil once the object has begun to go away.
     Ref<T> lock() const { return m_anchor && m_anchor->retainObject() ? Ref<T>::adopt(m_object) : Ref<T>(); }
 
+    /// The same as `get`.
     operator T*() const { return get(); }
     T* operator->() const { return get(); }
 
@@ -62,6 +67,7 @@ template <class Protocol>
 class Delegate {
 public:
     Delegate() = default;
+    /// Nil.
     Delegate(std::nullptr_t) {}
     template <class T>
     requires(std::is_base_of_v<NSObject, T>&& std::is_base_of_v<Protocol, T>) Delegate(T* object) :
@@ -70,6 +76,7 @@ public:
     requires(std::is_base_of_v<NSObject, T>&& std::is_base_of_v<Protocol, T>) Delegate(const Ref<T>& object) :
         Delegate(object.get()) {}
 
+    /// The delegate by its protocol; null once it is gone.
     Protocol* get() const { return m_object.get() ? m_protocol : nullptr; }
     operator Protocol*() const { return get(); }
     Protocol* operator->() const { return get(); }

@@ -41,11 +41,13 @@ std::ostream& operator<<(std::ostream& stream, const FramePixel& pixel);
 /// of the run loop at the present time.
 class HeadlessHost : public UIApplicationHost {
 public:
+    /// `profile`: the device that the application believes to run on.
     explicit HeadlessHost(const DeviceProfile& profile = {});
     HeadlessHost(const HeadlessHost&) = delete;
     HeadlessHost& operator=(const HeadlessHost&) = delete;
     ~HeadlessHost() override;
 
+    /// Never null; it goes with the host.
     UIApplication* application() const { return m_application; }
     /// Makes `delegate` the application's and lets it start, as a program's start does. False when it refused.
     bool launch(UIApplicationDelegate* delegate);
@@ -98,6 +100,7 @@ public:
     CGRect caretRect() const { return m_caretRect; }
     /// @}
 
+    /// Turns the device; the application may refuse to follow.
     void rotate(UIInterfaceOrientation orientation);
 
     /// @name Looking
@@ -139,6 +142,7 @@ public:
     void close() override { m_isClosed = true; }
     /// Kept in memory, nil at first.
     NSString clipboardText() const override { return m_clipboard; }
+    /// Kept until the host goes.
     void setClipboardText(const NSString& text) override { m_clipboard = text; }
     /// @}
 

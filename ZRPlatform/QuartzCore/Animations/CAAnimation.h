@@ -14,6 +14,7 @@ namespace zr {
 class CAAnimation;
 struct LayerValues;
 
+/// See `CAAnimation::fillMode`.
 inline constexpr const char* kCAFillModeRemoved = "removed";
 inline constexpr const char* kCAFillModeForwards = "forwards";
 inline constexpr const char* kCAFillModeBackwards = "backwards";
@@ -26,6 +27,7 @@ NSTimeInterval CACurrentMediaTime();
 class CAAnimationDelegate {
 public:
     virtual ~CAAnimationDelegate() = default;
+    /// As the first frame after it was added is made.
     virtual void animationDidStart(CAAnimation*) {}
     /// `finished`: it ran to its end, rather than being removed or replaced.
     virtual void animationDidStop_finished(CAAnimation*, bool /*finished*/) {}
@@ -50,6 +52,7 @@ public:
     /// Runs, fractions allowed; 0 counts as 1. The largest float repeats for ever.
     float repeatCount() const { return m_repeatCount; }
     void setRepeatCount(float count) { m_repeatCount = count; }
+    /// Whether each run goes back again, which takes as long once more.
     bool autoreverses() const { return m_autoreverses; }
     void setAutoreverses(bool flag) { m_autoreverses = flag; }
     /// What shows before the begin (backwards, both) and after the end (forwards, both). Unknown names count as
@@ -62,9 +65,11 @@ public:
     /// Linear when nil.
     CAMediaTimingFunction* timingFunction() const { return m_timingFunction; }
     void setTimingFunction(CAMediaTimingFunction* function) { m_timingFunction = function; }
+    /// Not kept.
     Delegate<CAAnimationDelegate> delegate() const { return m_delegate; }
     void setDelegate(Delegate<CAAnimationDelegate> delegate) { m_delegate = delegate; }
 
+    /// An animation of the same class with the same properties; a layer adds a copy.
     virtual Ref<CAAnimation> copy() const = 0;
     /// Changes `values` to what shows at `time`, in seconds of the parent's time.
     virtual void apply(LayerValues& values, NSTimeInterval time) const = 0;
@@ -77,14 +82,16 @@ public:
 protected:
     /// A moment within one run.
     struct Progress {
-        /// 0..1, before and after the timing function.
+        /// 0..1, before the timing function.
         CGFloat linear;
+        /// The same after it.
         CGFloat eased;
         /// Local seconds within the run.
         NSTimeInterval time;
     };
     /// Nothing when the animation does not show at this time.
     std::optional<Progress> progressAt(NSTimeInterval time) const;
+    /// Everything that this class has; for `copy`.
     void copyTimingFrom(const CAAnimation& other);
 
 private:
@@ -103,7 +110,9 @@ private:
 /// An animation of one value of the layer, named by its key path: "opacity", "position.x", "transform.rotation.z".
 class CAPropertyAnimation : public CAAnimation {
 public:
+    /// Of the layer's value that it changes.
     bool initWithKeyPath(const NSString& keyPath);
+    /// An unknown one animates nothing.
     const NSString& keyPath() const { return m_keyPath; }
     void setKeyPath(const NSString& keyPath) { m_keyPath = keyPath; }
 
@@ -115,12 +124,16 @@ private:
 /// there. With `byValue`, the missing end is that far away.
 class CABasicAnimation : public CAPropertyAnimation {
 public:
+    /// Without values: it stands still until it has one.
     static Ref<CABasicAnimation> animationWithKeyPath(const NSString& keyPath);
+    /// Boxed as the key path's value is. Nil at first.
     const NSValue& fromValue() const { return m_fromValue; }
     void setFromValue(const NSValue& value) { m_fromValue = value; }
     const NSValue& toValue() const { return m_toValue; }
+    /// As for `fromValue`.
     void setToValue(const NSValue& value) { m_toValue = value; }
     const NSValue& byValue() const { return m_byValue; }
+    /// As for `fromValue`.
     void setByValue(const NSValue& value) { m_byValue = value; }
 
     Ref<CAAnimation> copy() const override;
@@ -132,6 +145,7 @@ private:
     NSValue m_byValue;
 };
 
+/// See `CAKeyframeAnimation::calculationMode`: glides; steps; glides at an even pace.
 inline constexpr const char* kCAAnimationLinear = "linear";
 inline constexpr const char* kCAAnimationDiscrete = "discrete";
 inline constexpr const char* kCAAnimationPaced = "paced";
@@ -139,7 +153,9 @@ inline constexpr const char* kCAAnimationPaced = "paced";
 /// Through a list of values, evenly spaced in time unless `keyTimes` says otherwise.
 class CAKeyframeAnimation : public CAPropertyAnimation {
 public:
+    /// Without values it changes nothing.
     static Ref<CAKeyframeAnimation> animationWithKeyPath(const NSString& keyPath);
+    /// Boxed as the key path's value is. None at first.
     const std::vector<NSValue>& values() const { return m_values; }
     void setValues(std::vector<NSValue> values) { m_values = std::move(values); }
     /// Fractions 0..1, rising, one a value (one more for discrete); ignored when their count does not fit.
@@ -150,6 +166,7 @@ public:
     void setTimingFunctions(std::vector<Ref<CAMediaTimingFunction>> functions) {
         m_timingFunctions = std::move(functions);
     }
+    /// One of the three names above; linear at first, and for another name.
     const NSString& calculationMode() const { return m_calculationMode; }
     void setCalculationMode(const NSString& mode) { m_calculationMode = mode; }
 
@@ -168,6 +185,7 @@ private:
 /// Several animations at once, cut off at the group's duration. The children's delegates are not told.
 class CAAnimationGroup : public CAAnimation {
 public:
+    /// Kept. Each begins with the group, or its `beginTime` later.
     const std::vector<Ref<CAAnimation>>& animations() const { return m_animations; }
     void setAnimations(std::vector<Ref<CAAnimation>> animations) { m_animations = std::move(animations); }
 

@@ -7,6 +7,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// The names that `CAMediaTimingFunction` knows.
 inline constexpr const char* kCAMediaTimingFunctionLinear = "linear";
 inline constexpr const char* kCAMediaTimingFunctionEaseIn = "easeIn";
 inline constexpr const char* kCAMediaTimingFunctionEaseOut = "easeOut";

@@ -14,13 +14,17 @@ namespace zr {
 struct PixelRect {
     int x = 0, y = 0, width = 0, height = 0;
 
+    /// Without a pixel in it.
     bool isEmpty() const { return width <= 0 || height <= 0; }
+    /// Behind the last pixel, to the right and down.
     int right() const { return x + width; }
     int bottom() const { return y + height; }
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
 
+/// What both cover; empty when they do not meet.
 PixelRect intersection(const PixelRect& a, const PixelRect& b);
+/// The smallest that holds both; an empty one counts for nothing.
 PixelRect unionOf(const PixelRect& a, const PixelRect& b);
 
 /// Turns layer trees into a picture, and only repaints what differs from the picture before.
@@ -41,8 +45,10 @@ public:
     /// The next `compose` paints everything.
     void invalidate();
 
+    /// Of the picture in pixels, and its pixels a point.
     int width() const { return m_width; }
     int height() const { return m_height; }
+    /// Pixels a point.
     double scale() const { return m_scale; }
     /// Rows of 32-bit pixels: blue, green, red, 255 in memory order.
     const std::uint32_t* pixels() const { return m_pixels.get(); }

@@ -15,6 +15,7 @@ namespace zr {
 class CALayer;
 class NSTimer;
 
+/// How contents lie in a layer of another size: stretched, fitted, filling, or at their own size at an edge.
 inline constexpr const char* kCAGravityResize = "resize";
 inline constexpr const char* kCAGravityResizeAspect = "resizeAspect";
 inline constexpr const char* kCAGravityResizeAspectFill = "resizeAspectFill";
@@ -172,6 +173,7 @@ public:
     CGPoint convertPoint_fromLayer(CGPoint point, const CALayer* layer) const;
     /// @}
 
+    /// The model's value of what an animation names so: "position.x", "transform.rotation.z". Nil for an unknown one.
     NSValue valueForLayerKeyPath(const NSString& keyPath) const;
 
 protected:

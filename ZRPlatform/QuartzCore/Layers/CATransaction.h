@@ -21,7 +21,9 @@ public:
 
     /// Between these two, changes make no animations, whatever the layers' delegates say.
     static void beginWithoutActions();
+    /// Ends the latest of them.
     static void endWithoutActions();
+    /// Whether that is so now.
     static bool actionsDisabled();
 
 private:

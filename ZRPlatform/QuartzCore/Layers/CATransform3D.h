@@ -14,10 +14,13 @@ struct CATransform3D {
     friend bool operator==(const CATransform3D&, const CATransform3D&) = default;
 };
 
+/// Changes nothing.
 inline constexpr CATransform3D CATransform3DIdentity{};
 
+/// Number by number, exactly.
 bool CATransform3DIsIdentity(const CATransform3D& t);
 bool CATransform3DEqualToTransform(const CATransform3D& a, const CATransform3D& b);
+/// A shift in points; a factor for each axis.
 CATransform3D CATransform3DMakeTranslation(CGFloat tx, CGFloat ty, CGFloat tz);
 CATransform3D CATransform3DMakeScale(CGFloat sx, CGFloat sy, CGFloat sz);
 /// Radians about the axis (x, y, z); the identity when the axis has no length.
@@ -46,6 +49,7 @@ struct TransformParts {
 
 /// False when `t` is singular; `parts` is then left alone.
 bool decomposeTransform(const CATransform3D& t, TransformParts& parts);
+/// The transform of these parts.
 CATransform3D composeTransform(const TransformParts& parts);
 /// The transform a fraction `t` of the way: parts are interpolated, rotations along the shorter arc. Singular ends are
 /// interpolated number by number.

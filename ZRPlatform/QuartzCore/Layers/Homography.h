@@ -14,12 +14,14 @@ struct Homography {
     double yx = 0, yy = 1, yw = 0;
     double tx = 0, ty = 0, tw = 1;
 
+    /// What a transform does to the plane: its third row and column do not count.
     static Homography fromTransform(const CATransform3D& t) {
         return {t.m11, t.m12, t.m14, t.m21, t.m22, t.m24, t.m41, t.m42, t.m44};
     }
 
     friend bool operator==(const Homography&, const Homography&) = default;
 
+    /// Without perspective.
     bool isAffine() const { return xw == 0 && yw == 0 && tw == 1; }
     /// Straight rectangles stay straight, the right way up.
     bool isScaleAndTranslation() const { return isAffine() && xy == 0 && yx == 0 && xx > 0 && yy > 0; }

@@ -23,10 +23,13 @@ namespace zr {
 
 class UITouch;
 
+/// Posted by the application: after its delegate has started it, and after the device has turned.
 inline constexpr const char* UIApplicationDidFinishLaunchingNotification =
     "UIApplicationDidFinishLaunchingNotification";
+/// After the screen has turned.
 inline constexpr const char* UIApplicationDidChangeStatusBarOrientationNotification =
     "UIApplicationDidChangeStatusBarOrientationNotification";
+/// For applications and hosts to post; view controllers then get `didReceiveMemoryWarning`.
 inline constexpr const char* UIApplicationDidReceiveMemoryWarningNotification =
     "UIApplicationDidReceiveMemoryWarningNotification";
 
@@ -36,8 +39,10 @@ inline constexpr const char* UIApplicationWillChangeStatusBarFrameNotification =
 inline constexpr const char* UIApplicationDidChangeStatusBarFrameNotification =
     "UIApplicationDidChangeStatusBarFrameNotification";
 
+/// Whether dark or light letters are wished for. Nothing is drawn there.
 enum UIStatusBarStyle : NSInteger { UIStatusBarStyleDefault = 0, UIStatusBarStyleLightContent = 1 };
 
+/// How what lies below the status bar moves; a fade looks like a slide.
 enum UIStatusBarAnimation : NSInteger {
     UIStatusBarAnimationNone = 0,
     UIStatusBarAnimationFade = 1,
@@ -55,16 +60,19 @@ public:
 /// The one application object: its windows, its touches, its frames. A host makes it and drives it.
 class UIApplication : public UIResponder {
 public:
+    /// The one that the host has made; null before and after.
     static UIApplication* sharedApplication();
 
     UIApplication();
     /// Takes the views off the windows that are still shown.
     ~UIApplication() override;
 
+    /// Kept, unlike other delegates.
     UIApplicationDelegate* delegate() const { return m_delegate; }
     void setDelegate(UIApplicationDelegate* delegate) { m_delegate = delegate; }
     /// Visible windows, lowest first.
     std::vector<UIWindow*> windows() const;
+    /// Where typing goes; nil for none.
     UIWindow* keyWindow() const { return m_keyWindow.get(); }
     /// The key window's; nil when typing goes nowhere.
     UIResponder* firstResponder() const;
@@ -95,7 +103,9 @@ public:
 
     /// Between the two, touches are ignored. Calls nest.
     void beginIgnoringInteractionEvents() { ++m_ignoringInteractionEvents; }
+    /// Ends the latest of them.
     void endIgnoringInteractionEvents();
+    /// Whether that is so now.
     bool isIgnoringInteractionEvents() const { return m_ignoringInteractionEvents > 0; }
     /// Sends `action` to `target`; when that is nil, to whoever takes it first upwards of the first responder, else
     /// upwards of `sender`. False when nobody did.
@@ -193,6 +203,7 @@ struct HostOptions {
 /// line on standard error, when no window can be opened. `--device 320x568@2` and `--system-version 7.0` choose the
 /// profile.
 int UIApplicationMain(int argc, char** argv, Ref<UIApplicationDelegate> (*makeDelegate)());
+/// The same with a delegate of this class, made by `make<AppDelegate>()`.
 template <class AppDelegate>
 int UIApplicationMain(int argc, char** argv) {
     return UIApplicationMain(argc, argv, [] { return Ref<UIApplicationDelegate>(make<AppDelegate>()); });

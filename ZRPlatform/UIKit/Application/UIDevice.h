@@ -9,6 +9,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// Where the upper edge of what is shown is, on the device.
 enum UIInterfaceOrientation : NSInteger {
     UIInterfaceOrientationPortrait = 1,
     UIInterfaceOrientationPortraitUpsideDown = 2,
@@ -49,6 +50,7 @@ struct DeviceProfile {
 /// The device's name and system version.
 class UIDevice : public NSObject {
 public:
+    /// The one of the process.
     static UIDevice* currentDevice();
     /// For example "8.4".
     const NSString& systemVersion() const;

@@ -13,6 +13,7 @@ namespace zr {
 
 class UIEvent;
 
+/// Plain, or bold for what ends an activity.
 enum UIBarButtonItemStyle : NSInteger {
     UIBarButtonItemStylePlain = 0,
     UIBarButtonItemStyleDone = 2,
@@ -30,10 +31,14 @@ public:
     /// The view keeps its size. Nil makes an item that shows nothing.
     virtual bool initWithCustomView(UIView* view);
 
+    /// As given to the initialiser.
     UIBarButtonItemStyle style() const { return m_style; }
+    /// Nil but for an item that was made with one.
     UIView* customView() const { return m_customView; }
+    /// Held weakly; nil stands for the responder chain.
     NSObject* target() const { return m_target; }
     void setTarget(NSObject* target);
+    /// Nil sends nothing.
     SEL action() const { return m_action; }
     void setAction(SEL action) { m_action = action; }
 

@@ -9,6 +9,7 @@ namespace zr {
 /// What an item in a bar has: a title, a picture, and whether it can be tapped.
 class UIBarItem : public NSObject {
 public:
+    /// Nil for none.
     const NSString& title() const { return m_title; }
     virtual void setTitle(const NSString& title);
     /// Nil for none.
@@ -17,6 +18,7 @@ public:
     /// True at first.
     bool isEnabled() const { return m_enabled; }
     virtual void setEnabled(bool enabled);
+    /// For the application's own use.
     NSInteger tag() const { return m_tag; }
     void setTag(NSInteger tag) { m_tag = tag; }
 

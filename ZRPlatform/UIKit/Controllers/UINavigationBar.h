@@ -25,6 +25,7 @@ public:
     const std::vector<Ref<UINavigationItem>>& items() const { return m_items; }
     /// Shows other items, without animation. Nil ones are left out.
     virtual void setItems(const std::vector<Ref<UINavigationItem>>& items);
+    /// The one that is shown, and the one below it, which the way back leads to. Nil for none.
     UINavigationItem* topItem() const;
     UINavigationItem* backItem() const;
     /// Behind everything; nearly white at first, and when nil.

@@ -80,6 +80,7 @@ public:
     virtual void setNavigationBarHidden_animated(bool hidden, bool animated);
     /// @}
 
+    /// Not kept.
     UINavigationControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(const Delegate<UINavigationControllerDelegate>& delegate) { m_delegate = delegate; }
     /// Attached to this controller's view, which it loads. A finger that comes in from the left edge of the window

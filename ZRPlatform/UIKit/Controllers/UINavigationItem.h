@@ -11,6 +11,7 @@ class UINavigationBar;
 /// What a navigation bar shows of one screen. A change shows at once.
 class UINavigationItem : public NSObject {
 public:
+    /// May be nil.
     virtual bool initWithTitle(const NSString& title);
 
     /// The bar shows the first 100 characters at most, and on the back button of the next screen the first 20.
@@ -28,6 +29,7 @@ public:
     /// In place of the back button. Nil at first.
     UIBarButtonItem* leftBarButtonItem() const { return m_leftItem; }
     virtual void setLeftBarButtonItem(UIBarButtonItem* item);
+    /// Nil at first.
     UIBarButtonItem* rightBarButtonItem() const { return m_rightItem; }
     virtual void setRightBarButtonItem(UIBarButtonItem* item);
 

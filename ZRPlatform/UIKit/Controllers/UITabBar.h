@@ -6,6 +6,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// Told of taps on the tabs.
 class UITabBarDelegate {
 public:
     virtual ~UITabBarDelegate() = default;
@@ -26,6 +27,7 @@ public:
     UITabBarItem* selectedItem() const { return m_selectedItem; }
     /// Ignored when it is not in the bar. The delegate is not told.
     virtual void setSelectedItem(UITabBarItem* item);
+    /// Not kept.
     UITabBarDelegate* delegate() const { return m_delegate; }
     void setDelegate(const Delegate<UITabBarDelegate>& delegate) { m_delegate = delegate; }
     /// Behind everything; nearly white at first, and when nil.

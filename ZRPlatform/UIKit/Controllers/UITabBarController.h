@@ -10,6 +10,7 @@ namespace zr {
 class UITabBarControllerDelegate {
 public:
     virtual ~UITabBarControllerDelegate() = default;
+    /// No leaves the selection as it is.
     virtual bool tabBarController_shouldSelectViewController(UITabBarController*, UIViewController*) { return true; }
     /// Also when it was selected already.
     virtual void tabBarController_didSelectViewController(UITabBarController*, UIViewController*) {}
@@ -25,6 +26,7 @@ public:
     UITabBarController();
     ~UITabBarController() override;
 
+    /// In the order of their tabs.
     const std::vector<Ref<UIViewController>>& viewControllers() const { return m_controllers; }
     /// The selected screen stays so when it is among them; else the one at its index is selected, else the first. Left
     /// out and logged: nil, one that is there twice, and what cannot be a child.
@@ -42,6 +44,7 @@ public:
     virtual void setSelectedViewController(UIViewController* controller);
     /// At the lower edge. Its items are the screens'; its delegate is the controller.
     UITabBar* tabBar();
+    /// Not kept.
     UITabBarControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(const Delegate<UITabBarControllerDelegate>& delegate) { m_delegate = delegate; }
 

@@ -11,6 +11,7 @@ class UITabBar;
 /// One tab of a tab bar. A change shows at once.
 class UITabBarItem : public UIBarItem {
 public:
+    /// Title and images may be nil.
     virtual bool initWithTitle_image_tag(const NSString& title, UIImage* image, NSInteger tag);
     virtual bool initWithTitle_image_selectedImage(const NSString& title, UIImage* image, UIImage* selectedImage);
 

@@ -19,6 +19,7 @@ class NSNotification;
 class UINavigationController;
 class UITabBarController;
 
+/// How a presented screen comes and goes.
 enum UIModalTransitionStyle : NSInteger {
     /// From below; the way back is down. The two that are not drawn here, flip and curl, look like it.
     UIModalTransitionStyleCoverVertical = 0,

@@ -7,6 +7,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// Size and colour of the spinner.
 enum UIActivityIndicatorViewStyle : NSInteger {
     /// 37 x 37 points.
     UIActivityIndicatorViewStyleWhiteLarge,
@@ -42,7 +43,9 @@ public:
 
     /// From the topmost fin on. Ignored while it runs.
     virtual void startAnimating();
+    /// At once. Ignored while it stands still.
     virtual void stopAnimating();
+    /// Between the two, shown or not.
     bool isAnimating() const { return m_animating; }
 
     void setHidden(bool hidden) override;

@@ -10,6 +10,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// What look a button brings along.
 enum UIButtonType : NSInteger {
     /// No look of its own: a white title, and the images as they are.
     UIButtonTypeCustom = 0,
@@ -35,6 +36,7 @@ public:
     }
     bool initWithFrame(CGRect frame) override;
 
+    /// As given to `buttonWithType`; custom for others.
     UIButtonType buttonType() const { return m_type; }
 
     /// @name What shows in a state

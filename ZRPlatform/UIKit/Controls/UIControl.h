@@ -6,6 +6,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// What targets are told of, to be added up. Inside reaches 70 points beyond the bounds.
 enum UIControlEvents : NSUInteger {
     UIControlEventTouchDown = 1 << 0,
     UIControlEventTouchDownRepeat = 1 << 1,
@@ -26,6 +27,7 @@ enum UIControlEvents : NSUInteger {
     UIControlEventAllEvents = 0xFFFFFFFF,
 };
 
+/// What a control is in, to be added up.
 enum UIControlState : NSUInteger {
     UIControlStateNormal = 0,
     UIControlStateHighlighted = 1 << 0,
@@ -33,6 +35,7 @@ enum UIControlState : NSUInteger {
     UIControlStateSelected = 1 << 2,
 };
 
+/// Where the contents lie between top and bottom.
 enum UIControlContentVerticalAlignment : NSInteger {
     UIControlContentVerticalAlignmentCenter,
     UIControlContentVerticalAlignmentTop,
@@ -40,6 +43,7 @@ enum UIControlContentVerticalAlignment : NSInteger {
     UIControlContentVerticalAlignmentFill,
 };
 
+/// Where the contents lie between left and right.
 enum UIControlContentHorizontalAlignment : NSInteger {
     UIControlContentHorizontalAlignmentCenter,
     UIControlContentHorizontalAlignmentLeft,
@@ -55,6 +59,7 @@ public:
     bool isEnabled() const { return m_enabled; }
     /// A disabled control takes the touches that hit it and does nothing with them. Disabling cancels a running touch.
     virtual void setEnabled(bool enabled);
+    /// For subclasses and targets: no touch changes it. False at first.
     bool isSelected() const { return m_selected; }
     virtual void setSelected(bool selected);
     bool isHighlighted() const { return m_highlighted; }
@@ -62,10 +67,14 @@ public:
     virtual void setHighlighted(bool highlighted);
     /// A sum of `UIControlState` values.
     virtual NSUInteger state() const;
+    /// Whether a finger is down that began here and is still followed.
     bool isTracking() const { return m_tracking; }
+    /// Whether that finger is inside.
     bool isTouchInside() const { return m_touchInside; }
+    /// Where a subclass puts what it shows; in the middle at first.
     UIControlContentHorizontalAlignment contentHorizontalAlignment() const { return m_horizontalAlignment; }
     virtual void setContentHorizontalAlignment(UIControlContentHorizontalAlignment alignment);
+    /// Where a subclass puts what it shows; in the middle at first.
     UIControlContentVerticalAlignment contentVerticalAlignment() const { return m_verticalAlignment; }
     virtual void setContentVerticalAlignment(UIControlContentVerticalAlignment alignment);
 

@@ -5,6 +5,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// Both look the same.
 enum UIProgressViewStyle : NSInteger { UIProgressViewStyleDefault, UIProgressViewStyleBar };
 
 /// A horizontal bar that fills from the left, with rounded ends.
@@ -14,8 +15,10 @@ enum UIProgressViewStyle : NSInteger { UIProgressViewStyleDefault, UIProgressVie
 class UIProgressView : public UIView {
 public:
     bool initWithFrame(CGRect frame) override;
+    /// At the origin, with no width yet.
     virtual bool initWithProgressViewStyle(UIProgressViewStyle style);
 
+    /// Both styles look the same.
     UIProgressViewStyle progressViewStyle() const { return m_style; }
     virtual void setProgressViewStyle(UIProgressViewStyle style) { m_style = style; }
     /// 0..1, clamped; not-a-number is 0.

@@ -38,9 +38,13 @@ enum UITextFieldViewMode : NSInteger {
 class UITextFieldDelegate {
 public:
     virtual ~UITextFieldDelegate() = default;
+    /// No leaves the field without the focus.
     virtual bool textFieldShouldBeginEditing(UITextField*) { return true; }
+    /// It is first responder now.
     virtual void textFieldDidBeginEditing(UITextField*) {}
+    /// No keeps the focus.
     virtual bool textFieldShouldEndEditing(UITextField*) { return true; }
+    /// It is first responder no more.
     virtual void textFieldDidEndEditing(UITextField*) {}
     /// Asked before typing, deleting, cutting and pasting; the range is in UTF-16 code units.
     virtual bool textField_shouldChangeCharactersInRange_replacementString(UITextField*, NSRange, const NSString&) {
@@ -78,6 +82,7 @@ public:
     /// Left at first.
     NSTextAlignment textAlignment() const { return m_textAlignment; }
     virtual void setTextAlignment(NSTextAlignment alignment);
+    /// None at first.
     UITextBorderStyle borderStyle() const { return m_borderStyle; }
     virtual void setBorderStyle(UITextBorderStyle style);
     /// Text too wide is shrunk before it scrolls, down to the minimum size.

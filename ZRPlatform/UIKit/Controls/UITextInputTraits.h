@@ -7,6 +7,7 @@ namespace zr {
 
 /// @name What a text input would like of a keyboard on the screen
 /// @{
+/// When letters become capitals.
 enum UITextAutocapitalizationType : NSInteger {
     UITextAutocapitalizationTypeNone,
     UITextAutocapitalizationTypeWords,
@@ -14,12 +15,14 @@ enum UITextAutocapitalizationType : NSInteger {
     UITextAutocapitalizationTypeAllCharacters,
 };
 
+/// Whether words are corrected.
 enum UITextAutocorrectionType : NSInteger {
     UITextAutocorrectionTypeDefault = 0,
     UITextAutocorrectionTypeNo = 1,
     UITextAutocorrectionTypeYes = 2,
 };
 
+/// Which keys there are.
 enum UIKeyboardType : NSInteger {
     UIKeyboardTypeDefault,
     UIKeyboardTypeASCIICapable,
@@ -33,6 +36,7 @@ enum UIKeyboardType : NSInteger {
     UIKeyboardTypeWebSearch = 10,
 };
 
+/// What the return key says.
 enum UIReturnKeyType : NSInteger {
     UIReturnKeyDefault,
     UIReturnKeyGo,

@@ -14,7 +14,9 @@ namespace zr {
 /// What happened at one moment: every finger that is down or has just gone up.
 class UIEvent : public NSObject {
 public:
+    /// Seconds, by the current clock.
     NSTimeInterval timestamp() const { return m_timestamp; }
+    /// Each finger that is down or has just gone up, once.
     const std::vector<Ref<UITouch>>& allTouches() const { return m_touches; }
     /// Those that the view is told of.
     std::vector<UITouch*> touchesForView(const UIView* view) const;

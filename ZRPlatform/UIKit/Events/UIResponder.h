@@ -55,17 +55,22 @@ public:
 class UITextInput {
 public:
     virtual ~UITextInput() = default;
+    /// In place of the selection, or at the caret.
     virtual void insertText(const NSString& text) = 0;
+    /// The selection, or else the character before the caret.
     virtual void deleteBackward() = 0;
+    /// Whether there is anything to delete.
     virtual bool hasText() const = 0;
     /// Text that an input method is still composing, shown but not yet final; empty ends it. The range is the
     /// selection inside it.
     virtual void setMarkedText_selectedRange(const NSString& text, NSRange range) = 0;
+    /// What is being composed becomes final as it is.
     virtual void unmarkText() = 0;
     /// Where the caret is, in points of the screen: input methods open their list there.
     virtual CGRect caretRectOnScreen() const = 0;
     /// For the clipboard keys of a host; nil when there is no selection or the text is secret.
     virtual NSString selectedText() const = 0;
+    /// Of the text that is there.
     virtual void selectAll() = 0;
 };
 

@@ -18,6 +18,7 @@ class UIGestureRecognizer;
 class UIView;
 class UIWindow;
 
+/// What a finger has just done.
 enum UITouchPhase : NSInteger {
     UITouchPhaseBegan,
     UITouchPhaseMoved,
@@ -29,6 +30,7 @@ enum UITouchPhase : NSInteger {
 /// One finger (or the pressed mouse button), from its going down to its going up; the same object all the way.
 class UITouch : public NSObject {
 public:
+    /// Of the event that is being told.
     UITouchPhase phase() const { return m_now.phase; }
     /// Seconds, by the current clock.
     NSTimeInterval timestamp() const { return m_now.timestamp; }
@@ -37,6 +39,7 @@ public:
     /// The view hit when the finger went down. It gets all messages of this touch that no recogniser takes; nil once
     /// it is gone.
     UIView* view() const;
+    /// Where it went down; nil once it is gone.
     UIWindow* window() const;
     /// Those that follow the touch, in the order in which they see it.
     std::vector<UIGestureRecognizer*> gestureRecognizers() const;

@@ -59,6 +59,7 @@ public:
     UIGestureRecognizerState state() const { return m_state; }
     /// The view it is attached to by `addGestureRecognizer`, which keeps it; nil without.
     UIView* view() const { return m_view; }
+    /// Not kept.
     UIGestureRecognizerDelegate* delegate() const { return m_delegate; }
     void setDelegate(const Delegate<UIGestureRecognizerDelegate>& delegate) { m_delegate = delegate; }
     bool isEnabled() const { return m_enabled; }

@@ -7,6 +7,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// Corners, to be added up.
 enum UIRectCorner : NSUInteger {
     UIRectCornerTopLeft = 1 << 0,
     UIRectCornerTopRight = 1 << 1,

@@ -13,6 +13,7 @@ class UIImage;
 /// Fixed colours are shared: asking twice gives the same object. They may be used on any thread.
 class UIColor : public NSObject {
 public:
+    /// Components and alpha 0..1, not clamped.
     static Ref<UIColor> colorWithRed_green_blue_alpha(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
     static Ref<UIColor> colorWithWhite_alpha(CGFloat white, CGFloat alpha);
     /// Hue, saturation and brightness 0..1.
@@ -23,6 +24,7 @@ public:
     /// Nil gives nil.
     static Ref<UIColor> colorWithCGColor(CGColorRef color);
     /// @{
+    /// Fixed: each call gives the same object, which lives as long as the process.
     static UIColor* blackColor();
     static UIColor* darkGrayColor();
     static UIColor* lightGrayColor();
@@ -40,10 +42,13 @@ public:
     static UIColor* clearColor();
     /// @}
 
+    /// Components and alpha 0..1, not clamped.
     bool initWithRed_green_blue_alpha(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
     bool initWithWhite_alpha(CGFloat white, CGFloat alpha);
 
+    /// Owned by the colour.
     CGColorRef cgColor() const { return m_color; }
+    /// A copy with that alpha, 0..1.
     Ref<UIColor> colorWithAlphaComponent(CGFloat alpha) const;
     /// False for a pattern; the arguments are then left alone. Any of them may be null.
     bool getRed_green_blue_alpha(CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha) const;

@@ -23,6 +23,7 @@ enum UIImageOrientation : NSInteger {
     UIImageOrientationRightMirrored,
 };
 
+/// Whether an image is shown in its own colours.
 enum UIImageRenderingMode : NSInteger {
     UIImageRenderingModeAutomatic,
     UIImageRenderingModeAlwaysOriginal,
@@ -61,6 +62,7 @@ public:
     CGSize size() const;
     /// Pixels a point.
     CGFloat scale() const { return m_scale; }
+    /// How the stored bitmap is to be turned to stand upright.
     UIImageOrientation imageOrientation() const { return m_orientation; }
     /// The bitmap, as stored: not turned.
     CGImageRef CGImage() const { return m_image; }
@@ -86,7 +88,9 @@ public:
     CGRect contentsCenter() const;
     /// @}
 
+    /// Whether views show it in its own colours or in their tint.
     UIImageRenderingMode renderingMode() const { return m_renderingMode; }
+    /// The same bitmap, shared, with that mode.
     Ref<UIImage> imageWithRenderingMode(UIImageRenderingMode mode) const;
 
     /// The bitmap turned upright: the stored one when it stands so already.

@@ -17,12 +17,14 @@ class Scroller;
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// The colour of the indicators.
 enum UIScrollViewIndicatorStyle : NSInteger {
     UIScrollViewIndicatorStyleDefault,
     UIScrollViewIndicatorStyleBlack,
     UIScrollViewIndicatorStyleWhite,
 };
 
+/// The part of a velocity that is left after a millisecond.
 inline constexpr CGFloat UIScrollViewDecelerationRateNormal = 0.998;
 inline constexpr CGFloat UIScrollViewDecelerationRateFast = 0.99;
 
@@ -43,6 +45,7 @@ public:
     ~UIScrollView() override;
     bool initWithFrame(CGRect frame) override;
 
+    /// Not kept.
     UIScrollViewDelegate* delegate() const { return m_delegate; }
     virtual void setDelegate(const Delegate<UIScrollViewDelegate>& delegate) { m_delegate = delegate; }
 

@@ -21,6 +21,7 @@ struct TableViews;
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// How sections are shown.
 enum UITableViewStyle : NSInteger {
     /// Headers and footers stay in sight for as long as rows of their section do.
     UITableViewStylePlain,
@@ -28,6 +29,7 @@ enum UITableViewStyle : NSInteger {
     UITableViewStyleGrouped,
 };
 
+/// Where in the table a row is to be.
 enum UITableViewScrollPosition : NSInteger {
     /// As little as it takes for the row to be seen whole.
     UITableViewScrollPositionNone,
@@ -36,6 +38,7 @@ enum UITableViewScrollPosition : NSInteger {
     UITableViewScrollPositionBottom,
 };
 
+/// The lines between rows; etched ones look like single ones.
 enum UITableViewCellSeparatorStyle : NSInteger {
     UITableViewCellSeparatorStyleNone,
     UITableViewCellSeparatorStyleSingleLine,
@@ -63,10 +66,12 @@ class UITableView : public UIScrollView {
 public:
     UITableView();
     ~UITableView() override;
+    /// The style is for good.
     virtual bool initWithFrame_style(CGRect frame, UITableViewStyle style);
     /// Of the plain style.
     bool initWithFrame(CGRect frame) override;
 
+    /// As given to the initialiser; plain for others.
     UITableViewStyle style() const { return m_style; }
     UITableViewDataSource* dataSource() const { return m_dataSource; }
     /// Another one means loading anew.

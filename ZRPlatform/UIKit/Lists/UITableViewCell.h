@@ -10,6 +10,7 @@ namespace zr {
 class UIControl;
 class UITableView;
 
+/// Which texts a cell has, and where.
 enum UITableViewCellStyle : NSInteger {
     /// One line of text.
     UITableViewCellStyleDefault,
@@ -29,6 +30,7 @@ enum UITableViewCellSelectionStyle : NSInteger {
     UITableViewCellSelectionStyleDefault,
 };
 
+/// What a cell shows at its right edge.
 enum UITableViewCellAccessoryType : NSInteger {
     UITableViewCellAccessoryNone,
     UITableViewCellAccessoryDisclosureIndicator,

@@ -18,6 +18,7 @@ class UITableViewDataSource {
 public:
     virtual ~UITableViewDataSource() = default;
 
+    /// Negative counts count as 0.
     virtual NSInteger numberOfSectionsInTableView(UITableView*) { return 1; }
     virtual NSInteger tableView_numberOfRowsInSection(UITableView*, NSInteger /*section*/) { return 0; }
     /// A cell that shows the row: one that `dequeueReusableCellWithIdentifier` gives, or a new one. The table places

@@ -13,6 +13,7 @@ public:
     virtual bool initWithReuseIdentifier(const NSString& reuseIdentifier);
     bool initWithFrame(CGRect frame) override;
 
+    /// As given to the initialiser; nil for one that is not used again.
     const NSString& reuseIdentifier() const { return m_reuseIdentifier; }
     /// Fills the view, behind the text.
     UIView* contentView() const { return m_contentView; }

@@ -37,7 +37,9 @@ struct TextRequest {
     /// In bytes. A line that is longer is wider than any screen; in a limited width no more of it is laid out.
     static constexpr std::size_t longestLine = 16 * 1024;
 
+    /// Nil and empty have no lines.
     NSString text;
+    /// Nil has no lines.
     Ref<UIFont> font;
     /// Points. Lines are aligned in the width, or, when it is unlimited, in that of the widest line.
     CGFloat width = unlimited;
@@ -61,6 +63,7 @@ struct TextLine {
     CGFloat ascent = 0;
     CGFloat descent = 0;
 
+    /// Its edges, ascent and descent included.
     CGFloat top() const { return baseline - ascent; }
     CGFloat bottom() const { return baseline + descent; }
     friend bool operator==(const TextLine&, const TextLine&) = default;
@@ -76,6 +79,7 @@ public:
     /// The widest line's width and the sum of the lines' heights, not rounded. May be wider than the room where the
     /// text is clipped; what lies kilobytes beyond the room's edge is then not counted.
     CGSize size() const { return m_size; }
+    /// From top to bottom.
     const std::vector<TextLine>& lines() const { return m_lines; }
     /// Whether part of the text is not shown, or is clipped.
     bool isTruncated() const { return m_truncated; }
@@ -107,6 +111,7 @@ public:
     /// @}
 
 protected:
+    /// Filled by the engine.
     CGSize m_size;
     std::vector<TextLine> m_lines;
     bool m_truncated = false;
@@ -122,6 +127,7 @@ public:
     /// Not kept; null brings the platform's own back.
     static void setCurrent(TextEngine* engine);
 
+    /// Of a font of one point.
     virtual FontMetrics metrics(const FontFace& face) = 0;
     /// See `UIFont::fontWithName_size`.
     virtual std::optional<FontFace> faceNamed(const NSString& name) = 0;

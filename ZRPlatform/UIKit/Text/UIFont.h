@@ -15,6 +15,7 @@ namespace zr {
 /// Sizes are in points, 0 to 2048: below and above are cut to that, not-a-number is 0. A font of size 0 draws nothing.
 class UIFont : public NSObject {
 public:
+    /// Of the system's typeface, Inter.
     static Ref<UIFont> systemFontOfSize(CGFloat size);
     static Ref<UIFont> boldSystemFontOfSize(CGFloat size);
     static Ref<UIFont> italicSystemFontOfSize(CGFloat size);
@@ -30,6 +31,7 @@ public:
     static CGFloat smallSystemFontSize() { return 12; }
     /// @}
 
+    /// 0 to 2048.
     CGFloat pointSize() const { return m_pointSize; }
     /// For example "Inter-Bold".
     const NSString& fontName() const { return m_fontName; }

@@ -22,8 +22,10 @@ enum UIRectEdge : NSUInteger {
     UIRectEdgeAll = 15,
 };
 
+/// All four are 0.
 inline constexpr UIEdgeInsets UIEdgeInsetsZero{};
 
+/// In this order: counter-clockwise from the top.
 inline constexpr UIEdgeInsets UIEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom, CGFloat right) {
     return {top, left, bottom, right};
 }

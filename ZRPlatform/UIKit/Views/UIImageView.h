@@ -22,6 +22,7 @@ public:
     /// Shown while highlighted; nil: the image is.
     UIImage* highlightedImage() const { return m_highlightedImage; }
     virtual void setHighlightedImage(UIImage* image);
+    /// False at first. The cell of a table sets it for its own.
     bool isHighlighted() const { return m_highlighted; }
     virtual void setHighlighted(bool highlighted);
 

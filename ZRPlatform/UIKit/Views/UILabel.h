@@ -44,6 +44,7 @@ public:
     /// A disabled label's text is dimmed to half.
     bool isEnabled() const { return m_enabled; }
     virtual void setEnabled(bool enabled);
+    /// False at first. The cell of a table sets it for its own.
     bool isHighlighted() const { return m_highlighted; }
     virtual void setHighlighted(bool highlighted);
     /// The text's colour while highlighted; nil, at first, for no difference.

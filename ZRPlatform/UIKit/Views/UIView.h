@@ -14,6 +14,7 @@ class UIGestureRecognizer;
 class UIViewController;
 class UIWindow;
 
+/// How what a view shows lies in bounds of another size.
 enum UIViewContentMode : NSInteger {
     UIViewContentModeScaleToFill = 0,
     UIViewContentModeScaleAspectFit,
@@ -30,6 +31,7 @@ enum UIViewContentMode : NSInteger {
     UIViewContentModeBottomRight,
 };
 
+/// What changes with the superview's size, to be added up.
 enum UIViewAutoresizing : NSUInteger {
     UIViewAutoresizingNone = 0,
     UIViewAutoresizingFlexibleLeftMargin = 1,
@@ -40,6 +42,7 @@ enum UIViewAutoresizing : NSUInteger {
     UIViewAutoresizingFlexibleBottomMargin = 32,
 };
 
+/// The pace of an animation.
 enum UIViewAnimationCurve : NSInteger {
     UIViewAnimationCurveEaseInOut,
     UIViewAnimationCurveEaseIn,
@@ -47,6 +50,7 @@ enum UIViewAnimationCurve : NSInteger {
     UIViewAnimationCurveLinear,
 };
 
+/// To be added up.
 enum UIViewAnimationOptions : NSUInteger {
     UIViewAnimationOptionRepeat = 1 << 3,
     UIViewAnimationOptionAutoreverse = 1 << 4,
@@ -68,6 +72,7 @@ public:
     bool init() override;
     virtual bool initWithFrame(CGRect frame);
 
+    /// The view's own, never null; the view is its delegate.
     CALayer* layer() const { return m_layer; }
 
     /// @name Geometry, in points

@@ -11,6 +11,7 @@ inline constexpr UIWindowLevel UIWindowLevelNormal = 0;
 inline constexpr UIWindowLevel UIWindowLevelStatusBar = 1000;
 inline constexpr UIWindowLevel UIWindowLevelAlert = 2000;
 
+/// Posted by a window, after it was shown, hidden, made key, or ceased to be key.
 inline constexpr const char* UIWindowDidBecomeVisibleNotification = "UIWindowDidBecomeVisibleNotification";
 inline constexpr const char* UIWindowDidBecomeHiddenNotification = "UIWindowDidBecomeHiddenNotification";
 inline constexpr const char* UIWindowDidBecomeKeyNotification = "UIWindowDidBecomeKeyNotification";
@@ -40,10 +41,14 @@ public:
     virtual void setRootViewController(UIViewController* controller);
     /// @}
 
+    /// Windows of a higher level lie in front; of one level, the one shown last. 0 at first.
     UIWindowLevel windowLevel() const { return m_windowLevel; }
     void setWindowLevel(UIWindowLevel level);
+    /// Whether typing goes to it.
     bool isKeyWindow() const;
+    /// Shows it, in front of the others of its level, and sends typing to it.
     virtual void makeKeyAndVisible();
+    /// Sends typing to it, which is no change to what is shown.
     virtual void makeKeyWindow();
     /// Called when the window becomes key. Calling it makes the window key, if it is not, without showing it.
     virtual void becomeKeyWindow();
