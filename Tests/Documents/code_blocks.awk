@@ -61,6 +61,13 @@ function add_run(code,    application) {
     add("}")
 }
 
+# What the comment says behind its colon.
+function stated(    text) {
+    text = substr(marker, index(marker, ":") + 1)
+    sub(/^ /, "", text)
+    return text
+}
+
 function add_cpp(code,    is_program) {
     is_program = code ~ /(^|\n)int main\(/
     if (is_program)
@@ -69,9 +76,9 @@ function add_cpp(code,    is_program) {
     add("namespace " place() " {")
     add("using namespace zr;")
     if (marker ~ /^in a function:/)
-        add("void fragment_" start "(" substr(marker, 15) ") {")
+        add("void fragment_" start "(" stated() ") {")
     else if (marker ~ /^in a class:/)
-        add("class Fragment_" start " : public " substr(marker, 12) " {\npublic:")
+        add("class Fragment_" start " : public " stated() " {\npublic:")
     add_code(code)
     if (marker ~ /^in a function:/)
         add("}")
