@@ -22,6 +22,12 @@ void drawPlus(Pen& pen) {
     pen.fillRounded(CGRectMake(8, 0, 2, 18), 1, kWhite);
 }
 
+void drawSearch(Pen& pen) {
+    constexpr Ink grey{154, 160, 156};
+    pen.strokeArc({6.25, 6.25}, 4.75, 0, 360, 1.5, grey);
+    pen.strokeLines({{9.75, 9.75}, {13.75, 13.75}}, 1.5, grey);
+}
+
 /// A screen whose bar is filled with `bar`.
 void drawScreen(Pen& pen, CGRect frame, Ink bar) {
     pen.fillRounded(frame, 3, kWhite);
@@ -66,6 +72,7 @@ constexpr Icon kIcons[] = {
     {"icon_title_back_press", 12, 21, drawBackPressed},
     {"gallery_menu", 20, 20, drawMenu},
     {"gallery_plus", 18, 18, drawPlus},
+    {"gallery_search", 15, 15, drawSearch},
     {"icon_bar_buttons", 30, 30, drawBarButtons},
     {"icon_bar_fade", 30, 30, drawBarFade},
     {"icon_bar_hues", 30, 30, drawBarHues},

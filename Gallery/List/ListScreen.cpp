@@ -1,37 +1,19 @@
 #include <Gallery/List/ListScreen.h>
 
 #include <Gallery/List/PageCell.h>
+#include <Gallery/Look/Look.h>
 #include <Gallery/Pages/PageScreen.h>
 #include <Gallery/Settings/SettingsScreen.h>
 #include <ZRPlatform/UIKit/Controllers/UINavigationController.h>
-
-#include <algorithm>
-#include <span>
 
 namespace zr::gallery {
 
 namespace {
 
-using Family = std::span<const Page>;
-
-const std::vector<Family>& families() {
-    static const std::vector<Family> all = [] {
-        std::vector<Family> found;
-        const auto& pages = allPages();
-        for (auto first = pages.begin(); first != pages.end();) {
-            const std::string_view name = first->family;
-            const auto end = std::find_if(first, pages.end(), [&](const Page& page) { return page.family != name; });
-            found.emplace_back(first, end);
-            first = end;
-        }
-        return found;
-    }();
-    return all;
-}
-
-const Family& familyAt(NSInteger section) { return families().at(static_cast<std::size_t>(section)); }
-
-const Page& pageAt(const NSIndexPath& path) { return familyAt(path.section())[static_cast<std::size_t>(path.row())]; }
+constexpr CGFloat kSearchFieldHeight = 34;
+constexpr CGFloat kSearchFieldMargin = 9;
+constexpr CGFloat kNothingFoundTop = 60;
+constexpr CGFloat kNothingFoundHeight = 44;
 
 } // namespace
 
@@ -40,6 +22,7 @@ bool ListScreen::init() {
     if (!RowScreen::init())
         return false;
     setTitle("Gallery");
+    m_families = familiesMatching("");
     return true;
 }
 
@@ -48,20 +31,64 @@ void ListScreen::viewDidLoad() {
     tNavigationBar()->hiddenBackButtonAnimated(false);
     tNavigationBar()->setRightButtonTitle_target_action("Settings", this, selector<&ListScreen::openSettings>);
     setSpaceBelowRows();
+    addSearchField();
+}
+
+void ListScreen::viewWillDisappear(bool animated) {
+    RowScreen::viewWillDisappear(animated);
+    m_searchField->resignFirstResponder();
 }
 
 void ListScreen::openSettings() { navigationController()->pushViewController_animated(make<SettingsScreen>(), true); }
 
+// Search
+
+/// Above the table, where it stays in reach however far the rows are scrolled.
+void ListScreen::addSearchField() {
+    const CGFloat width = view()->bounds().size.width;
+    const CGRect rows = tableView()->frame();
+    m_searchField =
+        make<SearchField>(&UIView::initWithFrame, CGRectMake(Look::kMargin, rows.origin.y + kSearchFieldMargin,
+                                                             width - 2 * Look::kMargin, kSearchFieldHeight));
+    m_searchField->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+    m_searchField->setSearchAction([this](const NSString& words) { search(words); });
+    view()->addSubview(m_searchField);
+
+    const CGFloat stripHeight = kSearchFieldHeight + 2 * kSearchFieldMargin;
+    tableView()->setFrame(CGRectMake(0, rows.origin.y + stripHeight, width, rows.size.height - stripHeight));
+    // So that a drag leaves the field even where there are too few rows to scroll.
+    tableView()->setAlwaysBounceVertical(true);
+    const auto line =
+        Look::line(CGRectMake(0, rows.origin.y + stripHeight - Look::hairline(), width, Look::hairline()));
+    line->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+    view()->addSubview(line);
+
+    m_nothingFound = Look::label("", UIFont::systemFontOfSize(15), Look::detailColor(), 2, NSTextAlignmentCenter);
+    m_nothingFound->setFrame(
+        CGRectMake(Look::kMargin, kNothingFoundTop, width - 2 * Look::kMargin, kNothingFoundHeight));
+    m_nothingFound->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+    m_nothingFound->setHidden(true);
+    tableView()->addSubview(m_nothingFound);
+}
+
+void ListScreen::search(const NSString& words) {
+    m_families = familiesMatching(words.utf8());
+    m_nothingFound->setText(NSString::stringWithFormat("No page is called “%s”.", words.UTF8String()));
+    m_nothingFound->setHidden(!m_families.empty());
+    tableView()->reloadData();
+    tableView()->setContentOffset(CGPointZero);
+}
+
 // Rows
 
-NSInteger ListScreen::numberOfSectionsInTableView(UITableView*) { return static_cast<NSInteger>(families().size()); }
+NSInteger ListScreen::numberOfSectionsInTableView(UITableView*) { return static_cast<NSInteger>(m_families.size()); }
 
 NSString ListScreen::tableView_titleForHeaderInSection(UITableView*, NSInteger section) {
-    return familyAt(section).front().family;
+    return familyAt(section).name;
 }
 
 NSInteger ListScreen::tableView_numberOfRowsInSection(UITableView*, NSInteger section) {
-    return static_cast<NSInteger>(familyAt(section).size());
+    return static_cast<NSInteger>(familyAt(section).pages.size());
 }
 
 CGFloat ListScreen::tableView_heightForRowAtIndexPath(UITableView*, const NSIndexPath&) { return PageCell::height; }
@@ -76,5 +103,7 @@ void ListScreen::tableView_didSelectRowAtIndexPath(UITableView* table, const NSI
     table->deselectRowAtIndexPath_animated(path, false);
     navigationController()->pushViewController_animated(makeScreenOfPage(pageAt(path)), true);
 }
+
+void ListScreen::scrollViewWillBeginDragging(UIScrollView*) { m_searchField->resignFirstResponder(); }
 
 } // namespace zr::gallery

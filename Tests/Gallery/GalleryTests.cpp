@@ -217,8 +217,8 @@ TEST(Gallery, TheBarIsLowerOnSystemsThatSortBeforeVersionSeven) {
 }
 
 TEST(Gallery, ATapOnARowSlidesItsPageInAndBackLeadsToTheList) {
-    // The first row lies below the bar of 64 and a heading of 40, and is 56 high.
-    const std::string open = "tap 180 141\nwait 0.5\n";
+    // The first row lies below the bar of 64, the search field's 52 and a heading of 40, and is 56 high.
+    const std::string open = "tap 180 184\nwait 0.5\n";
     EXPECT_TRUE(contains(textsAfter("", open), "Show alert"));
     const auto texts = textsAfter("", open + "tap 30 42\nwait 0.5\n");
     EXPECT_FALSE(contains(texts, "Show alert"));
