@@ -1,5 +1,5 @@
 #include <Gallery/Look/Look.h>
-#include <Gallery/Pages/PageView.h>
+#include <Gallery/Pages/PageScreen.h>
 #include <Gallery/Settings/SampleText.h>
 
 namespace zr::gallery {
@@ -32,16 +32,14 @@ public:
         m_page->addButtons(
             {{"Text", [this] { setRightText(); }},
              {"Image", [this] { bar()->setRightButton_animated(imageButton("gallery_plus.png"), true); }},
-             {"None", [this] { bar()->setRightButton_animated(nullptr, true); }}});
+             {"None", [this] { bar()->setRightButton_animated(nullptr, true); }},
+             {"Source", [this] { showSourceButton(); }}});
         m_page->addHeading("TITLE");
         m_page->addButtons({{"Short", [this] { m_page->screen()->setTitle("Bar buttons"); }},
                             {"Long", [this] { m_page->screen()->setTitle(kLongTitle); }}});
         m_page->addLog("TAPS IN THE BAR");
     }
-    void show() {
-        bar()->setLeftButton_animated(imageButton("gallery_menu.png"), true);
-        setRightText();
-    }
+    void show() { bar()->setLeftButton_animated(imageButton("gallery_menu.png"), true); }
 
     void leftTapped() { m_page->log("left button"); }
     void rightTapped() { m_page->log("right button"); }
@@ -57,6 +55,11 @@ private:
     void setRightText() {
         bar()->setRightButtonTitle_target_action(SampleText::translated("Done"), this,
                                                  selector<&BarButtonDemo::rightTapped>);
+    }
+    /// The one that every page has.
+    void showSourceButton() {
+        if (auto* screen = dynamic_cast<PageScreen*>(m_page->screen()))
+            screen->showSourceButton();
     }
     Ref<UIButton> imageButton(const char* image) {
         auto button = UIButton::buttonWithType(UIButtonTypeCustom);

@@ -1,3 +1,5 @@
+#include <Gallery/Look/Look.h>
+#include <Gallery/Look/PillButton.h>
 #include <Gallery/Pages/PageRowScreen.h>
 #include <ZRKitDynamic/ZRControl/ZRSwitch.h>
 
@@ -34,7 +36,7 @@ class MillionScreen : public PageRowScreen {
 public:
     void viewDidLoad() override {
         PageRowScreen::viewDidLoad();
-        showWayToTheOtherEnd();
+        addWayToTheEnds();
     }
 
     NSInteger tableView_numberOfRowsInSection(UITableView*, NSInteger) override { return kMillion; }
@@ -59,20 +61,31 @@ private:
         else
             m_checked.erase(row);
     }
-    void showWayToTheOtherEnd() {
-        tNavigationBar()->setRightButtonTitle_target_action(m_isAtEnd ? "Start" : "End", this,
-                                                            selector<&MillionScreen::goToTheOtherEnd>);
+    /// Two buttons that float above the rows.
+    void addWayToTheEnds() {
+        const CGSize size = view()->bounds().size;
+        tableView()->setContentInset(UIEdgeInsetsMake(0, 0, kButtonHeight + Look::kMargin, 0));
+        CGFloat left = size.width - Look::kMargin - 2 * kButtonWidth - kButtonGap;
+        for (const auto& [title, row] : {std::pair<const char*, NSInteger>{"Start", 0}, {"End", kMillion - 1}}) {
+            const auto button = make<PillButton>(
+                &PillButton::initWithFrame_title,
+                CGRectMake(left, size.height - Look::kMargin - kButtonHeight, kButtonWidth, kButtonHeight), title);
+            button->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleTopMargin);
+            button->setAction([this, row = row] { goTo(row); });
+            view()->addSubview(button);
+            left += kButtonWidth + kButtonGap;
+        }
     }
-    void goToTheOtherEnd() {
-        m_isAtEnd = !m_isAtEnd;
-        tableView()->scrollToRowAtIndexPath_atScrollPosition_animated(
-            NSIndexPath::indexPathForRow_inSection(m_isAtEnd ? kMillion - 1 : 0, 0), UITableViewScrollPositionBottom,
-            false);
-        showWayToTheOtherEnd();
+    void goTo(NSInteger row) {
+        tableView()->scrollToRowAtIndexPath_atScrollPosition_animated(NSIndexPath::indexPathForRow_inSection(row, 0),
+                                                                      UITableViewScrollPositionBottom, false);
     }
 
+    static constexpr CGFloat kButtonWidth = 70;
+    static constexpr CGFloat kButtonHeight = 40;
+    static constexpr CGFloat kButtonGap = 10;
+
     std::set<NSInteger> m_checked;
-    bool m_isAtEnd = false;
 };
 
 // Settings

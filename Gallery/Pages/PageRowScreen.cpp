@@ -2,14 +2,9 @@
 
 namespace zr::gallery {
 
-bool PageRowScreen::initWithPage(const Page& page) {
-    m_page = &page;
-    return initWithTitle(page.title);
-}
-
 void PageRowScreen::viewDidLoad() {
-    RowScreen::viewDidLoad();
-    setTextAboveRows(m_page->description);
+    ScreenOfPage::viewDidLoad();
+    setTextAboveRows(page().description);
     setSpaceBelowRows();
 }
 

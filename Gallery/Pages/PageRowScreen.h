@@ -1,20 +1,14 @@
 #pragma once
 
 #include <Gallery/Look/RowScreen.h>
-#include <Gallery/Pages/Page.h>
+#include <Gallery/Pages/ScreenOfPage.h>
 
 namespace zr::gallery {
 
 /// The screen of a page that is a list: the page's description, and rows below it.
-class PageRowScreen : public RowScreen {
+class PageRowScreen : public ScreenOfPage<RowScreen> {
 public:
-    /// `page`: outlives the screen.
-    bool initWithPage(const Page& page);
-
     void viewDidLoad() override;
-
-private:
-    const Page* m_page = nullptr;
 };
 
 /// For `Page::makeScreen`.

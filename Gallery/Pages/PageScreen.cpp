@@ -8,29 +8,24 @@ Ref<ZRTViewController> makeScreenOfPage(const Page& page) {
     return make<PageScreen>(&PageScreen::initWithPage, page);
 }
 
-bool PageScreen::initWithPage(const Page& page) {
-    m_page = &page;
-    return initWithTitle(page.title);
-}
-
 PageView* PageScreen::pageView() {
     loadViewIfNeeded();
     return m_pageView;
 }
 
 void PageScreen::viewDidLoad() {
-    Screen::viewDidLoad();
+    ScreenOfPage::viewDidLoad();
     const CGSize size = view()->bounds().size;
     m_pageView =
         make<PageView>(&PageView::initWithFrame_screen,
                        CGRectMake(0, navigationBarMaxY(), size.width, size.height - navigationBarMaxY()), this);
     m_pageView->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
     view()->addSubview(m_pageView);
-    m_pageView->build(*m_page);
+    m_pageView->build(page());
 }
 
 void PageScreen::viewWillDisappear(bool animated) {
-    Screen::viewWillDisappear(animated);
+    ScreenOfPage::viewWillDisappear(animated);
     if (isMovingFromParentViewController())
         m_pageView->close();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <Gallery/Look/Screen.h>
 #include <Gallery/Pages/PageView.h>
+#include <Gallery/Pages/ScreenOfPage.h>
 
 namespace zr::gallery {
 
@@ -9,10 +9,8 @@ namespace zr::gallery {
 Ref<ZRTViewController> makeScreenOfPage(const Page& page);
 
 /// The screen of a page that is a column of components.
-class PageScreen : public Screen {
+class PageScreen : public ScreenOfPage<Screen> {
 public:
-    bool initWithPage(const Page& page);
-
     /// Loads it.
     PageView* pageView();
 
@@ -21,7 +19,6 @@ public:
     void viewWillDisappear(bool animated) override;
 
 private:
-    const Page* m_page = nullptr;
     Ref<PageView> m_pageView;
 };
 

@@ -136,8 +136,17 @@ TEST(BarPages, ButtonsComeIntoTheBarAreTappedAndGo) {
     EXPECT_EQ(seenAlpha(bar(screen)->backButton()), 0);
     screen.host.tap(GalleryScreen::middleOf(bar(screen)->leftButton()));
     EXPECT_TRUE(screen.shows("button with an image"));
+    EXPECT_EQ(bar(screen)->rightButton()->titleForState(UIControlStateNormal), NSString("Source"));
+    // The second row is for the right button.
+    std::vector<UILabel*> texts = screen.all<UILabel>();
+    std::erase_if(texts, [](const UILabel* label) { return !(label->text() == NSString("Text")); });
+    ASSERT_EQ(texts.size(), 2u);
+    screen.host.tap(GalleryScreen::middleOf(texts.back()));
+    screen.host.advance(0.5);
     screen.tapButton("Done");
     EXPECT_TRUE(screen.shows("button with an image\nright button"));
+    screen.tapButton("Source");
+    EXPECT_EQ(bar(screen)->rightButton()->titleForState(UIControlStateNormal), NSString("Source"));
     screen.tapButton("None");
     screen.host.advance(0.5);
     EXPECT_EQ(bar(screen)->leftButton(), nullptr);
