@@ -5,11 +5,11 @@ source "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
 probe=$2
 closer=$3
 
-# Twice the size of the default device fits on this one.
+# start_probe [ARGUMENT…]: twice the size of the default device fits on this desktop.
 start_probe() {
     start_desktop 1280x1500
     scale=2
-    start_program "$probe" --frame-log
+    start_program "$probe" --frame-log "$@"
     expect 'frame .*'
     measure_window
 }
@@ -93,6 +93,17 @@ ScrollsWithWheels() {
 
 SleepsWhenNothingMoves() {
     start_probe
+    expect_rest
+    expect_silence 2
+    click 150 130
+    expect lit
+    expect_rest
+    expect_silence 2
+}
+
+# The circle under the finger fades, and takes the marks of the frames along.
+SleepsWithDebugAidsToo() {
+    start_probe --slow 3 --show touches,borders,damage,times
     expect_rest
     expect_silence 2
     click 150 130

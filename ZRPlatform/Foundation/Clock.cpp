@@ -1,7 +1,9 @@
 #include <ZRPlatform/Foundation/Clock.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <limits>
 
 namespace zr {
 
@@ -56,6 +58,38 @@ void ManualClock::advanceTo(Nanoseconds time) {
     Nanoseconds now = m_now.load(std::memory_order_relaxed);
     while (time > now && !m_now.compare_exchange_weak(now, time, std::memory_order_relaxed)) {
     }
+}
+
+PacedClock::PacedClock(const Clock& source) : m_source(source), m_sourceStart(source.now()), m_start(m_sourceStart) {}
+
+Nanoseconds PacedClock::now() const {
+    const std::lock_guard lock(m_mutex);
+    return m_start + (m_source.now() - m_sourceStart) / m_slowness;
+}
+
+int PacedClock::slowness() const {
+    const std::lock_guard lock(m_mutex);
+    return static_cast<int>(m_slowness);
+}
+
+void PacedClock::setSlowness(int slowness) {
+    const std::lock_guard lock(m_mutex);
+    const Nanoseconds source = m_source.now();
+    m_start += (source - m_sourceStart) / m_slowness;
+    m_sourceStart = source;
+    m_slowness = std::max(1, slowness);
+}
+
+Nanoseconds PacedClock::sourceTime(Nanoseconds time) const {
+    const std::lock_guard lock(m_mutex);
+    constexpr Nanoseconds kNever = std::numeric_limits<Nanoseconds>::max();
+    const Nanoseconds span = time - m_start;
+    // What is over need not be exact.
+    if (span < 0)
+        return m_sourceStart + span;
+    if (span > (kNever - m_sourceStart) / m_slowness)
+        return kNever;
+    return m_sourceStart + span * m_slowness;
 }
 
 } // namespace zr

@@ -3,6 +3,7 @@
 #include <ZRPlatform/Foundation/NSTypes.h>
 
 #include <atomic>
+#include <mutex>
 
 #pragma GCC visibility push(default)
 namespace zr {
@@ -41,6 +42,35 @@ public:
 
 private:
     std::atomic<Nanoseconds> m_now{0};
+};
+
+/// Goes as fast as another clock, or slower, so that what is timed by it can be watched. Its dates go slowly too, and
+/// stay behind by what was lost.
+class PacedClock : public Clock {
+public:
+    /// `source`: not owned; outlives this clock. Both show the same time at first.
+    explicit PacedClock(const Clock& source);
+
+    Nanoseconds now() const override;
+    Nanoseconds offsetToReferenceDate() const override { return m_source.offsetToReferenceDate(); }
+
+    /// The other clock.
+    const Clock& source() const { return m_source; }
+    /// How many of the source's seconds one of this clock's takes; 1 at first.
+    int slowness() const;
+    /// From now on; what is below 1 counts as 1. The time does not jump.
+    void setSlowness(int slowness);
+    /// What the source shows when this clock first shows `time`, if it goes on like this; for a time that is over, some
+    /// moment that is over.
+    Nanoseconds sourceTime(Nanoseconds time) const;
+
+private:
+    const Clock& m_source;
+    mutable std::mutex m_mutex;
+    /// What the two showed when the pace was set.
+    Nanoseconds m_sourceStart;
+    Nanoseconds m_start;
+    Nanoseconds m_slowness = 1;
 };
 
 } // namespace zr

@@ -35,7 +35,7 @@ std::ostream& operator<<(std::ostream& stream, const FramePixel& pixel) {
 }
 
 HeadlessHost::HeadlessHost(const DeviceProfile& profile) {
-    Clock::setCurrent(&m_clock);
+    Clock::setCurrent(&m_applicationClock);
     UIDevice::currentDevice()->setProfile(profile);
     m_application = make<UIApplication>();
     m_application->setHost(this);
@@ -77,7 +77,9 @@ void HeadlessHost::advanceTo(Nanoseconds target) {
         recordIfDue();
         if (now >= target)
             return;
-        Nanoseconds next = std::min(target, NSRunLoop::mainRunLoop()->nextTimerTime().value_or(target));
+        Nanoseconds next = target;
+        if (const std::optional<Nanoseconds> due = NSRunLoop::mainRunLoop()->nextTimerTime())
+            next = std::min(next, m_applicationClock.sourceTime(*due));
         if (m_recorder)
             next = std::min(next, m_recorder->nextFrameTime());
         m_clock.advanceTo(next);

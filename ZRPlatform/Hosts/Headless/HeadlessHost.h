@@ -28,7 +28,8 @@ struct FramePixel {
 std::ostream& operator<<(std::ostream& stream, const FramePixel& pixel);
 
 /// An application without a screen: touches, keys and time come from code, frames and view trees are read back. Time
-/// is a manual clock that starts at 0 and moves only as asked, so two runs give the same frames, byte for byte.
+/// is a manual clock that starts at 0 and moves only as asked, so two runs give the same frames, byte for byte. In slow
+/// motion the application's clock lags behind it, as behind a real one.
 ///
 ///     HeadlessHost host;
 ///     window->makeKeyAndVisible();
@@ -140,6 +141,7 @@ public:
     void textInputChanged(bool active, CGRect caret) override;
     /// Only remembered: the application ends with its host.
     void close() override { m_isClosed = true; }
+    void setSlowMotion(int factor) override { m_applicationClock.setSlowness(factor); }
     /// Kept in memory, nil at first.
     NSString clipboardText() const override { return m_clipboard; }
     /// Kept until the host goes.
@@ -153,6 +155,7 @@ private:
     Ref<CGImage> picture() const;
 
     ManualClock m_clock;
+    PacedClock m_applicationClock{m_clock};
     Ref<UIApplication> m_application;
     std::map<int, CGPoint> m_fingers;
     std::unique_ptr<AnimationRecorder> m_recorder;

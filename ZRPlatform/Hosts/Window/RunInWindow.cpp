@@ -68,6 +68,15 @@ bool readWindowScale(const char* value, WindowOptions& options) {
     return options.windowScale.has_value();
 }
 
+bool readSlowMotion(const char* value, WindowOptions& options) {
+    int& factor = options.debugAids.slowMotion;
+    const char* const end = value + std::strlen(value);
+    const auto [behind, status] = std::from_chars(value, end, factor);
+    return status == std::errc() && behind == end && factor >= 1 && factor <= DebugAids::slowestMotion;
+}
+
+bool readShown(const char* value, WindowOptions& options) { return options.debugAids.show(value); }
+
 struct Option {
     const char* name;
     bool (*read)(const char* value, WindowOptions& options);
@@ -77,6 +86,8 @@ constexpr Option kOptions[] = {
     {"--device", &readDevice, "a screen such as 375x667@2"},
     {"--system-version", &readSystemVersion, "a version such as 8.4"},
     {"--window-scale", &readWindowScale, "a number from 0.5 to 8"},
+    {"--slow", &readSlowMotion, "a whole number from 1 to 1000"},
+    {"--show", &readShown, "some of touches,borders,damage,times"},
 };
 
 const Option* presentOption(const ArgumentReader& reader) {

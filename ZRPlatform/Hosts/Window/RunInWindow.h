@@ -20,9 +20,10 @@ struct WindowOptions : HostOptions {
     bool frameLog = false;
 };
 
-/// Reads `--device 320x568@2`, `--system-version 7.0`, `--window-scale 1.5` and `--frame-log` from a command line, each
-/// also as `--device=320x568@2`, and leaves everything else to the application. The title is the program's name.
-/// Nothing when a value is missing or wrong: `error` is then one line that says so.
+/// Reads `--device 320x568@2`, `--system-version 7.0`, `--window-scale 1.5`, `--frame-log`, and for debugging `--slow
+/// 4` and `--show touches,borders,damage,times` (see `DebugAids`) from a command line, each also as
+/// `--device=320x568@2`, and leaves everything else to the application. The title is the program's name. Nothing when a
+/// value is missing or wrong: `error` is then one line that says so.
 std::optional<WindowOptions> windowOptionsFromArguments(int argc, const char* const* argv, std::string& error);
 
 /// Opens a window of the profile's size and makes the application object, calls `start`, in which the application shows

@@ -19,15 +19,25 @@ DeviceProfile shownProfile(const WindowOptions& options, double scale) {
     return profile;
 }
 
+/// The real clock, as fast as it goes.
+PacedClock& applicationClock() {
+    static auto* clock = new PacedClock(Clock::current()); // never destroyed: worker threads read it until the very end
+    clock->setSlowness(1);
+    return *clock;
+}
+
 } // namespace
 
 WindowHost::WindowHost(std::unique_ptr<DesktopWindow> window, const WindowOptions& options) :
-    m_window(std::move(window)), m_logs(options.frameLog), m_wakeEvent(SDL_RegisterEvents(1)) {
+    m_window(std::move(window)), m_clock(applicationClock()), m_logs(options.frameLog),
+    m_wakeEvent(SDL_RegisterEvents(1)) {
     // On since the start of the video driver; an input method is to open with a text field only.
     SDL_StopTextInput();
+    Clock::setCurrent(&m_clock);
     UIDevice::currentDevice()->setProfile(shownProfile(options, m_window->scale()));
     m_application = make<UIApplication>();
     m_application->setHost(this);
+    m_application->setDebugAids(options.debugAids);
     NSRunLoop::mainRunLoop()->setWakeHandler([this] { wake(); });
 }
 
@@ -38,6 +48,7 @@ WindowHost::~WindowHost() {
     m_application->setHost(nullptr);
     m_application = nullptr;
     NSRunLoop::mainRunLoop()->removeAll();
+    Clock::setCurrent(nullptr);
     if (m_logs)
         std::cerr << "frames " << m_frames << ", wake-ups " << m_wakeUps << std::endl;
 }
@@ -53,7 +64,7 @@ void WindowHost::run() {
 }
 
 void WindowHost::composeIfDue() {
-    const Nanoseconds now = Clock::current().now();
+    const Nanoseconds now = m_clock.source().now();
     if (!wantsFrame() || now < m_nextFrameTime)
         return;
     // Frames keep to the beat, but one that comes after a pause begins a new one.
@@ -61,15 +72,18 @@ void WindowHost::composeIfDue() {
     if (m_nextFrameTime <= now)
         m_nextFrameTime = now + kFrameDuration;
     const Compositor& frame = m_application->commitFrame();
-    m_window->present(frame, frame.damage());
+    m_window->present(frame, frame.shownDamage());
     ++m_frames;
     if (m_logs)
         std::cerr << "frame " << m_frames << ": " << frame.paintedPixels() << " pixels" << std::endl;
 }
 
 std::optional<Nanoseconds> WindowHost::nextDueTime() const {
-    const std::optional<Nanoseconds> due = NSRunLoop::mainRunLoop()->nextDueTime();
-    const std::optional<Nanoseconds> change = m_isVisible ? m_application->nextFrameTime() : std::nullopt;
+    const auto byTheRealClock = [this](std::optional<Nanoseconds> time) {
+        return time ? std::optional(m_clock.sourceTime(*time)) : std::nullopt;
+    };
+    const auto due = byTheRealClock(NSRunLoop::mainRunLoop()->nextDueTime());
+    const auto change = byTheRealClock(m_isVisible ? m_application->nextFrameTime() : std::nullopt);
     if (!change)
         return due;
     const Nanoseconds frame = std::max(*change, m_nextFrameTime);
@@ -83,7 +97,7 @@ void WindowHost::sleep() {
         // Rounded up: a sleep that ends a moment too early would only be followed by another.
         constexpr Nanoseconds kMillisecond = 1'000'000;
         constexpr Nanoseconds kLongestSleep = 3'600'000;
-        const Nanoseconds span = std::max<Nanoseconds>(0, *due - Clock::current().now());
+        const Nanoseconds span = std::max<Nanoseconds>(0, *due - m_clock.source().now());
         const Nanoseconds milliseconds = std::min((span + kMillisecond - 1) / kMillisecond, kLongestSleep);
         hasEvent = SDL_WaitEventTimeout(&event, static_cast<int>(milliseconds));
     } else {

@@ -27,6 +27,22 @@ PixelRect intersection(const PixelRect& a, const PixelRect& b);
 /// The smallest that holds both; an empty one counts for nothing.
 PixelRect unionOf(const PixelRect& a, const PixelRect& b);
 
+/// What a scene shows besides the layer trees, for debugging.
+struct SceneAids {
+    /// A line of a pixel along each layer's edge.
+    bool layerBorders = false;
+    /// The root of a tree that shows above all others, without such lines; may be nil.
+    const CALayer* overlay = nullptr;
+};
+
+/// What shows over a finished picture, for debugging.
+struct FrameMarks {
+    /// What the last `compose` repainted is tinted.
+    bool tintsDamage = false;
+    /// Shows in the upper right corner; may be nil.
+    Ref<CGImage> note;
+};
+
 /// Turns layer trees into a picture, and only repaints what differs from the picture before.
 class Compositor {
 public:
@@ -36,7 +52,7 @@ public:
 
     /// Paints the trees, the first one lowest, as they show at the clock's time. Returns the rectangles that were
     /// repainted (they do not overlap); none when nothing changed.
-    const std::vector<PixelRect>& compose(const std::vector<CALayer*>& roots);
+    const std::vector<PixelRect>& compose(const std::vector<CALayer*>& roots, const SceneAids& aids = {});
     /// The rectangles of the last `compose`.
     const std::vector<PixelRect>& damage() const { return m_damage; }
     /// When an animation in the last composed picture changes it, by `CACurrentMediaTime`: a moment that has passed
@@ -45,13 +61,24 @@ public:
     /// The next `compose` paints everything.
     void invalidate();
 
+    /// @name Marks
+    /// They are in `pixels` and snapshots, but in no damage: what has to be shown anew is more than that.
+    /// @{
+    /// After a `compose`, and then after each that repaints something.
+    void showMarks(const FrameMarks& marks);
+    /// Also paints everything next time.
+    void removeMarks();
+    /// Where `pixels` differ from those after the `compose` before the last.
+    const std::vector<PixelRect>& shownDamage() const;
+    /// @}
+
     /// Of the picture in pixels, and its pixels a point.
     int width() const { return m_width; }
     int height() const { return m_height; }
     /// Pixels a point.
     double scale() const { return m_scale; }
     /// Rows of 32-bit pixels: blue, green, red, 255 in memory order.
-    const std::uint32_t* pixels() const { return m_pixels.get(); }
+    const std::uint32_t* pixels() const;
     /// Pixels painted by the last `compose`, a measure of its work.
     std::int64_t paintedPixels() const { return m_paintedPixels; }
     /// A copy of the picture.
@@ -63,6 +90,8 @@ private:
     double m_scale;
     std::unique_ptr<std::uint32_t[]> m_pixels;
     std::unique_ptr<struct Scene> m_lastScene;
+    /// The picture with marks; none without any.
+    std::unique_ptr<class MarkedPicture> m_marked;
     std::vector<PixelRect> m_damage;
     std::int64_t m_paintedPixels = 0;
     NSTimeInterval m_nextChangeTime = std::numeric_limits<double>::infinity();

@@ -43,17 +43,17 @@ std::vector<PixelRect> withoutOverlaps(const std::vector<PixelRect>& rects, Pixe
 }
 
 std::vector<PixelRect> damageBetween(const Scene& before, const Scene& after, PixelRect screen) {
-    std::unordered_map<const CALayer*, const SceneNode*> formerNodes;
+    std::unordered_map<const void*, const SceneNode*> formerNodes;
     for (const SceneNode& node : before.nodes)
-        formerNodes.emplace(node.layer, &node);
+        formerNodes.emplace(node.identity, &node);
 
     std::vector<PixelRect> damage;
     const auto parentOf = [](const Scene& scene, const SceneNode& node) {
-        return node.parent < 0 ? nullptr : scene.nodes[node.parent].layer;
+        return node.parent < 0 ? nullptr : scene.nodes[node.parent].identity;
     };
     int lastFormerIndex = -1;
     for (const SceneNode& node : after.nodes) {
-        const auto found = formerNodes.find(node.layer);
+        const auto found = formerNodes.find(node.identity);
         if (found == formerNodes.end()) {
             damage.push_back(node.extent);
             continue;
@@ -75,7 +75,7 @@ std::vector<PixelRect> damageBetween(const Scene& before, const Scene& after, Pi
             damage.push_back(node.extent);
         }
     }
-    for (const auto& [layer, former] : formerNodes)
+    for (const auto& [identity, former] : formerNodes)
         damage.push_back(former->extent);
     return withoutOverlaps(damage, screen);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 namespace zr {
 
@@ -77,18 +78,24 @@ CGRect onWholePixels(CGRect rect) {
 
 class SceneBuilder {
 public:
-    SceneBuilder(double scale, PixelRect screen) : m_scale(scale), m_screen(screen) {}
+    SceneBuilder(double scale, PixelRect screen, bool collectsEdges) :
+        m_scale(scale), m_screen(screen), m_collectsEdges(collectsEdges) {}
 
     void add(const CALayer& layer, const CATransform3D& toScreen, PixelRect clip, int parent);
+    /// The edges of all layers so far, above them; none of those to come.
+    void addEdges();
     Scene take() { return std::move(m_scene); }
     CATransform3D screenTransform() const { return CATransform3DMakeScale(m_scale, m_scale, m_scale); }
 
 private:
     void addSublayers(const CALayer& layer, const LayerValues& values, const CATransform3D& toScreen, PixelRect clip,
                       int index);
+    void collectEdge(const SceneNode& node, PixelRect extent);
 
     double m_scale;
     PixelRect m_screen;
+    bool m_collectsEdges;
+    std::vector<SceneNode> m_edges;
     Scene m_scene;
 };
 
@@ -101,7 +108,7 @@ void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen,
         return;
     const CATransform3D transform = CATransform3DConcat(values.toSuperlayer(), superToScreen);
     SceneNode node;
-    node.layer = &layer;
+    node.identity = &layer;
     node.toScreen = Homography::fromTransform(transform);
     if (!node.toScreen.isFinite() || !CGRectIsFinite(values.bounds))
         return;
@@ -151,6 +158,8 @@ void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen,
     }
 
     const PixelRect boxPixels = pixelsAround(box, clip);
+    if (m_collectsEdges && !boxPixels.isEmpty())
+        collectEdge(node, boxPixels);
     if (values.masksToBounds)
         clip = intersection(clip, boxPixels);
     if (node.isVisible()) {
@@ -177,6 +186,30 @@ void SceneBuilder::add(const CALayer& layer, const CATransform3D& superToScreen,
     if (parent >= 0) {
         PixelRect& around = m_scene.nodes[parent].subtreeExtent;
         around = unionOf(around, finished.subtreeExtent);
+    }
+}
+
+void SceneBuilder::collectEdge(const SceneNode& node, PixelRect extent) {
+    constexpr PaintColor kRed{0.9f, 0, 0.1f, 0.9f}, kBlue{0, 0.2f, 0.9f, 0.9f};
+    SceneNode& edge = m_edges.emplace_back();
+    edge.identity = static_cast<const std::byte*>(node.identity) + 1;
+    edge.toScreen = node.toScreen;
+    edge.bounds = node.bounds;
+    edge.box = node.box;
+    edge.moving = node.moving;
+    edge.cornerRadius = node.cornerRadius;
+    edge.border = node.contents ? kBlue : kRed;
+    edge.borderWidth = static_cast<CGFloat>(1 / (node.box ? node.toScreen.xx : m_scale));
+    edge.extent = edge.subtreeExtent = extent;
+}
+
+void SceneBuilder::addEdges() {
+    m_collectsEdges = false;
+    for (SceneNode& edge : m_edges) {
+        edge.index = static_cast<int>(m_scene.nodes.size());
+        edge.end = edge.index + 1;
+        edge.parent = -1;
+        m_scene.nodes.push_back(std::move(edge));
     }
 }
 
@@ -214,10 +247,13 @@ void SceneBuilder::addSublayers(const CALayer& layer, const LayerValues& values,
 
 } // namespace
 
-Scene makeScene(const std::vector<CALayer*>& roots, double scale, PixelRect screen) {
-    SceneBuilder builder(scale, screen);
+Scene makeScene(const std::vector<CALayer*>& roots, double scale, PixelRect screen, const SceneAids& aids) {
+    SceneBuilder builder(scale, screen, aids.layerBorders);
     for (const CALayer* root : roots)
         builder.add(*root, builder.screenTransform(), screen, -1);
+    builder.addEdges();
+    if (aids.overlay)
+        builder.add(*aids.overlay, builder.screenTransform(), screen, -1);
     return builder.take();
 }
 

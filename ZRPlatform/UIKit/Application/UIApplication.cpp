@@ -2,6 +2,8 @@
 
 #include <ZRPlatform/Foundation/NSNotificationCenter.h>
 #include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
+#include <ZRPlatform/UIKit/Application/Internal/FrameTimes.h>
+#include <ZRPlatform/UIKit/Application/Internal/TouchMarks.h>
 #include <ZRPlatform/UIKit/Controllers/UIViewController.h>
 #include <ZRPlatform/UIKit/Events/Internal/KeyboardFocus.h>
 #include <ZRPlatform/UIKit/Events/Internal/TouchDispatcher.h>
@@ -10,6 +12,7 @@
 #include <ZRPlatform/UIKit/Lists/UITableViewCell.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 namespace zr {
@@ -156,6 +159,8 @@ bool UIApplication::sendAction_to_from_forEvent(SEL action, NSObject* target, NS
 
 void UIApplication::touchBegan(std::int64_t identifier, CGPoint location) {
     m_focus->forget();
+    if (m_touchMarks)
+        m_touchMarks->show(identifier, location);
     if (m_ignoringInteractionEvents == 0)
         m_touches->began(identifier, location, m_windows);
 }
@@ -165,9 +170,15 @@ void UIApplication::touchByKeyboard(std::int64_t identifier, CGPoint location) {
     m_touches->ended(identifier, location);
 }
 
-void UIApplication::touchMoved(std::int64_t identifier, CGPoint location) { m_touches->moved(identifier, location); }
+void UIApplication::touchMoved(std::int64_t identifier, CGPoint location) {
+    if (m_touchMarks)
+        m_touchMarks->show(identifier, location);
+    m_touches->moved(identifier, location);
+}
 
 void UIApplication::touchEnded(std::int64_t identifier, CGPoint location) {
+    if (m_touchMarks)
+        m_touchMarks->fadeOut(identifier);
     const auto finger = m_touches->finger(identifier);
     const bool isStatusBarTouched = finger && isStatusBarTap(finger->touch, finger->start, location);
     m_touches->ended(identifier, location);
@@ -175,7 +186,11 @@ void UIApplication::touchEnded(std::int64_t identifier, CGPoint location) {
         statusBarTapped();
 }
 
-void UIApplication::touchCancelled(std::int64_t identifier) { m_touches->cancelled(identifier); }
+void UIApplication::touchCancelled(std::int64_t identifier) {
+    if (m_touchMarks)
+        m_touchMarks->fadeOut(identifier);
+    m_touches->cancelled(identifier);
+}
 
 bool UIApplication::wheelTurned(CGPoint location, CGPoint delta) {
     return m_ignoringInteractionEvents == 0 && turnWheelOver(TouchDispatcher::viewAt(location, m_windows), delta);
@@ -293,6 +308,8 @@ Compositor& UIApplication::compositor() {
 }
 
 Compositor& UIApplication::commitFrame() {
+    using RealClock = std::chrono::steady_clock;
+    const auto start = RealClock::now();
     const auto roots = [this] {
         std::vector<CALayer*> layers;
         for (const UIWindow* window : m_windows)
@@ -303,8 +320,39 @@ Compositor& UIApplication::commitFrame() {
     if (m_focus->placeRing())
         CATransaction::commit(roots());
     Compositor& picture = compositor();
-    picture.compose(roots());
+    picture.compose(roots(), {m_debugAids.showsLayerBorders, m_touchMarks ? m_touchMarks->layer() : nullptr});
+    if (m_debugAids.showsDamage || m_frameTimes)
+        showFrameMarks(picture, std::chrono::duration<double, std::milli>(RealClock::now() - start).count());
     return picture;
+}
+
+// Debugging
+
+void UIApplication::setDebugAids(const DebugAids& aids) {
+    m_debugAids = aids;
+    m_debugAids.slowMotion = std::clamp(aids.slowMotion, 1, DebugAids::slowestMotion);
+    if (m_host)
+        m_host->setSlowMotion(m_debugAids.slowMotion);
+    if (aids.showsTouches != (m_touchMarks != nullptr))
+        m_touchMarks = aids.showsTouches ? std::make_unique<TouchMarks>() : nullptr;
+    if (aids.showsFrameTimes != (m_frameTimes != nullptr))
+        m_frameTimes = aids.showsFrameTimes ? std::make_unique<FrameTimes>() : nullptr;
+    if (m_compositor)
+        m_compositor->removeMarks();
+    CATransaction::setNeedsFrame();
+}
+
+/// A frame that changed nothing leaves the marks of the last one that did.
+void UIApplication::showFrameMarks(Compositor& picture, double milliseconds) {
+    if (picture.damage().empty())
+        return;
+    FrameMarks marks;
+    marks.tintsDamage = m_debugAids.showsDamage;
+    if (m_frameTimes) {
+        m_frameTimes->add(milliseconds);
+        marks.note = m_frameTimes->drawNote();
+    }
+    picture.showMarks(marks);
 }
 
 } // namespace zr

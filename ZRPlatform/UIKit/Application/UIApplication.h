@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ZRPlatform/QuartzCore/Composition/Compositor.h>
+#include <ZRPlatform/UIKit/Application/DebugAids.h>
 #include <ZRPlatform/UIKit/Application/UIApplicationHost.h>
 #include <ZRPlatform/UIKit/Application/UIDevice.h>
 #include <ZRPlatform/UIKit/Application/UIScreen.h>
@@ -13,9 +14,11 @@
 #include <vector>
 
 namespace zr { // not exported
+class FrameTimes;
 class GestureArbiter;
 class KeyboardFocus;
 class TouchDispatcher;
+class TouchMarks;
 } // namespace zr
 
 #pragma GCC visibility push(default)
@@ -101,6 +104,14 @@ public:
     void setStatusBarStyle_animated(UIStatusBarStyle style, bool) { setStatusBarStyle(style); }
     /// @}
 
+    /// @name Debugging
+    /// @{
+    /// What is on now; nothing at first.
+    const DebugAids& debugAids() const { return m_debugAids; }
+    /// From the next frame on; slow motion at once. Numbers out of range are cut to it.
+    void setDebugAids(const DebugAids& aids);
+    /// @}
+
     /// Between the two, touches are ignored. Calls nest.
     void beginIgnoringInteractionEvents() { ++m_ignoringInteractionEvents; }
     /// Ends the latest of them.
@@ -172,6 +183,7 @@ private:
     void cancelTouchesInView(UIView* view);
     /// A view leaves its window: its touches are cancelled, and it stops being first responder.
     void viewLeavesWindow(UIView* view);
+    void showFrameMarks(Compositor& picture, double milliseconds);
 
     UIApplicationHost* m_host = nullptr;
     Ref<UIApplicationDelegate> m_delegate;
@@ -188,6 +200,10 @@ private:
     std::unique_ptr<TouchDispatcher> m_touches;
     std::unique_ptr<KeyboardFocus> m_focus;
     std::unique_ptr<Compositor> m_compositor;
+    DebugAids m_debugAids;
+    /// Only while they are shown.
+    std::unique_ptr<TouchMarks> m_touchMarks;
+    std::unique_ptr<FrameTimes> m_frameTimes;
     int m_ignoringInteractionEvents = 0;
     bool m_sendingKey = false;
 };
@@ -197,6 +213,8 @@ struct HostOptions {
     DeviceProfile profile;
     /// The window's title.
     NSString title;
+    /// What is on from the start.
+    DebugAids debugAids;
 };
 
 /// Opens a window, makes the delegate, and runs until the window is closed. Returns the program's exit code; 1, with a

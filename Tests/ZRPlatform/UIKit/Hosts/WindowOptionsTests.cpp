@@ -46,6 +46,17 @@ TEST(WindowOptions, AreReadInBothForms) {
     EXPECT_TRUE(options->frameLog);
 }
 
+TEST(WindowOptions, SwitchDebugAidsOn) {
+    EXPECT_EQ(read({})->debugAids, DebugAids());
+    const auto options = read({"--slow", "10", "--show=touches,times"});
+    ASSERT_TRUE(options);
+    EXPECT_EQ(options->debugAids, (DebugAids{.slowMotion = 10, .showsTouches = true, .showsFrameTimes = true}));
+    for (const char* factor : {"0", "-4", "1.5", "4x", "", "1001", "99999999999"})
+        EXPECT_EQ(mistakeIn({"--slow", factor}), "--slow needs a whole number from 1 to 1000") << factor;
+    for (const char* names : {"", "touch", "touches,"})
+        EXPECT_EQ(mistakeIn({"--show", names}), "--show needs some of touches,borders,damage,times") << names;
+}
+
 TEST(WindowOptions, TheOrderDoesNotMatter) {
     const auto options = read({"--system-version", "6.1", "--device=320x480@2"});
     ASSERT_TRUE(options);

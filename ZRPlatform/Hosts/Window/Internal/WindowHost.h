@@ -28,6 +28,7 @@ public:
     void wake() override;
     void textInputChanged(bool active, CGRect caret) override;
     void close() override { m_isClosed = true; }
+    void setSlowMotion(int factor) override { m_clock.setSlowness(factor); }
     NSString clipboardText() const override;
     void setClipboardText(const NSString& text) override;
     /// @}
@@ -35,6 +36,7 @@ public:
 private:
     void composeIfDue();
     void sleep();
+    /// By the real clock.
     std::optional<Nanoseconds> nextDueTime() const;
     bool wantsFrame() const { return m_isVisible && m_application->needsFrame(); }
 
@@ -48,12 +50,15 @@ private:
     void handleMarkedText(const char* text, int cursor, int length);
 
     std::unique_ptr<DesktopWindow> m_window;
+    /// The application's.
+    PacedClock& m_clock;
     Ref<UIApplication> m_application;
     const std::thread::id m_mainThread = std::this_thread::get_id();
     const bool m_logs;
     Uint32 m_wakeEvent = 0;
     /// One wake event at a time is on its way.
     std::atomic<bool> m_isWaking{false};
+    /// By the real clock, whose beat is the display's.
     Nanoseconds m_nextFrameTime = 0;
     std::int64_t m_frames = 0;
     std::int64_t m_wakeUps = 0;

@@ -16,8 +16,8 @@ struct PaintColor {
 
 /// A layer at one moment, as far as it shows: everything that painting it needs, and nothing else.
 struct SceneNode {
-    /// Identity only; never followed.
-    const CALayer* layer = nullptr;
+    /// The layer's address, or for the line along its edge the address behind that. Never followed.
+    const void* identity = nullptr;
     /// From the layer's points to the screen's pixels.
     Homography toScreen;
     CGRect bounds;
@@ -78,7 +78,7 @@ struct Scene {
 };
 
 /// Takes the picture of the trees at the clock's time. Layers that cannot be seen are left out.
-Scene makeScene(const std::vector<CALayer*>& roots, double scale, PixelRect screen);
+Scene makeScene(const std::vector<CALayer*>& roots, double scale, PixelRect screen, const SceneAids& aids = {});
 
 /// The pixels in which two scenes may differ: rectangles that do not overlap.
 std::vector<PixelRect> damageBetween(const Scene& before, const Scene& after, PixelRect screen);
