@@ -13,6 +13,7 @@ struct Arguments {
     std::string page;
     std::string device;
     std::string systemVersion;
+    std::string show;
 };
 
 void addOptions(CLI::App& app, Arguments& arguments, CommandLine& options) {
@@ -22,6 +23,14 @@ void addOptions(CLI::App& app, Arguments& arguments, CommandLine& options) {
         ->type_name("WxH@S");
     app.add_option("--system-version", arguments.systemVersion, "What the device says it runs; 8.4 unless given")
         ->type_name("N.N");
+    app.add_option("--slow", options.debugAids.slowMotion,
+                   "Slow motion: seconds that one of animations and timers takes")
+        ->check(CLI::Range(1, DebugAids::slowestMotion))
+        ->type_name("N");
+    app.add_option("--show", arguments.show,
+                   "Show how things work, with some of these: touches, borders (of layers), damage (what a frame "
+                   "repainted), times (of frames); separated by commas")
+        ->type_name("LIST");
     app.add_option("--window-scale", options.windowScale, "Desktop pixels a point; what fits unless given")
         ->check(CLI::Range(0.5, 8.0))
         ->type_name("N");
@@ -51,6 +60,8 @@ std::string understand(const Arguments& arguments, CommandLine& options) {
             return "\"" + arguments.device + "\" is no device; write it like 375x667@2";
         options.profile = *profile;
     }
+    if (!arguments.show.empty() && !options.debugAids.show(arguments.show))
+        return "\"" + arguments.show + "\" cannot be shown; write it like touches,borders,damage,times";
     if (!arguments.systemVersion.empty()) {
         if (NSString(arguments.systemVersion).intValue() <= 0)
             return "\"" + arguments.systemVersion + "\" is no system version; write it like 8.4";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Gallery/Pages/Page.h>
+#include <ZRPlatform/UIKit/Application/DebugAids.h>
 #include <ZRPlatform/UIKit/Application/UIDevice.h>
 
 #include <optional>
@@ -11,6 +12,7 @@ namespace zr::gallery {
 /// What the program was asked to do.
 struct CommandLine {
     DeviceProfile profile;
+    DebugAids debugAids;
     /// Null: the list.
     const Page* page = nullptr;
     bool list = false;

@@ -15,14 +15,15 @@ namespace zr::gallery {
 
 namespace {
 
-void launch(HeadlessHost& host, const Page* page) {
+void launch(HeadlessHost& host, const CommandLine& options, const Page* page) {
+    host.application()->setDebugAids(options.debugAids);
     host.launch(make<GalleryApplication>(&GalleryApplication::initWithPage, page));
 }
 
 /// The screen at the page's time; the list for a null page.
-Ref<CGImage> pictureOfPage(const DeviceProfile& profile, const Page* page) {
-    HeadlessHost host(profile);
-    launch(host, page);
+Ref<CGImage> pictureOfPage(const CommandLine& options, const Page* page) {
+    HeadlessHost host(options.profile);
+    launch(host, options, page);
     host.advance(page ? page->pictureTime : 0);
     return host.snapshot();
 }
@@ -43,7 +44,7 @@ std::string cannotWrite(const std::string& path) { return path + " cannot be wri
 
 int renderPage(const CommandLine& options) {
     const std::string path = options.renderFolder + "/" + options.page->name + ".png";
-    if (!writePicture(pictureOfPage(options.profile, options.page), path))
+    if (!writePicture(pictureOfPage(options, options.page), path))
         return fail(cannotWrite(path));
     return 0;
 }
@@ -58,9 +59,9 @@ int renderPages(const CommandLine& options) {
     if (options.page)
         return renderPage(options);
 
-    std::vector<ContactSheetEntry> entries{{"Gallery", "list", pictureOfPage(options.profile, nullptr)}};
+    std::vector<ContactSheetEntry> entries{{"Gallery", "list", pictureOfPage(options, nullptr)}};
     for (const Page& page : allPages())
-        entries.push_back({page.title, page.name, pictureOfPage(options.profile, &page)});
+        entries.push_back({page.title, page.name, pictureOfPage(options, &page)});
     for (const ContactSheetEntry& entry : entries) {
         const std::string path = options.renderFolder + "/" + entry.name + ".png";
         if (!writePicture(entry.picture, path))
@@ -83,14 +84,14 @@ int playScript(const CommandLine& options) {
         return fail(options.scriptPath + ": " + error);
 
     HeadlessHost host(options.profile);
-    launch(host, options.page);
+    launch(host, options, options.page);
     if (!script->run(host, error))
         return fail(options.scriptPath + ": " + error);
     return 0;
 }
 
 int writeSnapshot(const CommandLine& options) {
-    if (!writePicture(pictureOfPage(options.profile, options.page), options.snapshotPath))
+    if (!writePicture(pictureOfPage(options, options.page), options.snapshotPath))
         return fail(cannotWrite(options.snapshotPath));
     return 0;
 }

@@ -20,8 +20,9 @@ int listPages() {
     return 0;
 }
 
-/// The arguments that open such a window on another device.
-std::vector<std::string> argumentsFor(const DeviceProfile& profile, const CommandLine& options) {
+/// The arguments that open such a window.
+std::vector<std::string> argumentsFor(const CommandLine& options) {
+    const DeviceProfile& profile = options.profile;
     char device[64];
     std::snprintf(device, sizeof device, "%gx%g@%g", profile.screenSize.width, profile.screenSize.height,
                   profile.scale);
@@ -31,12 +32,20 @@ std::vector<std::string> argumentsFor(const DeviceProfile& profile, const Comman
         arguments.insert(arguments.end(), {"--window-scale", std::to_string(*options.windowScale)});
     if (options.frameLog)
         arguments.push_back("--frame-log");
+    arguments.insert(arguments.end(), {"--slow", std::to_string(options.debugAids.slowMotion)});
+    std::string shown;
+    for (const DebugAidName& aid : kDebugAidNames) {
+        if (options.debugAids.*(aid.shows))
+            shown += (shown.empty() ? "" : ",") + std::string(aid.name);
+    }
+    if (!shown.empty())
+        arguments.insert(arguments.end(), {"--show", shown});
     return arguments;
 }
 
 /// Starts the program anew in the place of this one, as a device is chosen at the start of a program.
-int reopen(const DeviceProfile& profile, const CommandLine& options) {
-    std::vector<std::string> arguments = argumentsFor(profile, options);
+int reopen(const CommandLine& options) {
+    std::vector<std::string> arguments = argumentsFor(options);
     std::vector<char*> pointers;
     for (std::string& argument : arguments)
         pointers.push_back(argument.data());
@@ -51,17 +60,20 @@ int openWindow(const CommandLine& options) {
     windowOptions.title = "Gallery";
     windowOptions.windowScale = options.windowScale;
     windowOptions.frameLog = options.frameLog;
-    std::optional<DeviceProfile> chosen;
+    windowOptions.debugAids = options.debugAids;
+    std::optional<CommandLine> next;
     const int status = runInWindow(windowOptions, [&](UIApplication* application) {
         const auto gallery = make<GalleryApplication>(&GalleryApplication::initWithPage, options.page);
         application->setDelegate(gallery);
-        SettingsScreen::setReopenAction([&chosen, application](const DeviceProfile& profile) {
-            chosen = profile;
+        SettingsScreen::setReopenAction([&next, &options, application](const DeviceProfile& profile) {
+            next = options;
+            next->profile = profile;
+            next->debugAids = application->debugAids();
             application->host()->close();
         });
         return gallery->applicationDidFinishLaunching(application);
     });
-    return chosen ? reopen(*chosen, options) : status;
+    return next ? reopen(*next) : status;
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include <Gallery/Look/Look.h>
 #include <Gallery/Settings/SampleText.h>
+#include <ZRKitDynamic/ZRControl/ZRSwitch.h>
+#include <ZRPlatform/UIKit/Application/UIApplication.h>
 
 #include <algorithm>
 
@@ -11,6 +13,12 @@ namespace {
 
 constexpr const char* kDevices[] = {"320x480@2", "320x568@2", "375x667@2", "414x736@3"};
 constexpr const char* kVersions[] = {"6.1", "7.0", "8.4", "10.3"};
+
+struct SlowMotion {
+    const char* name;
+    int factor;
+};
+constexpr SlowMotion kSlowMotions[] = {{"1×", 1}, {"1/4", 4}, {"1/10", 10}};
 
 std::function<void(const DeviceProfile&)> reopenAction;
 
@@ -42,7 +50,8 @@ bool SettingsScreen::init() {
     if (!RowScreen::init())
         return false;
     setTitle("Settings");
-    m_choices = {hueChoice(), languageChoice(), deviceChoice(), versionChoice()};
+    m_sections = {hueSection(),      languageSection(), slowMotionSection(),
+                  debugAidSection(), deviceSection(),   versionSection()};
     return true;
 }
 
@@ -55,21 +64,41 @@ void SettingsScreen::viewDidLoad() {
     setTextBelowRows("In a window, another device or version opens the gallery anew.");
 }
 
-// Choices
+// Sections
 
-SettingsScreen::Choice SettingsScreen::hueChoice() {
+SettingsScreen::Section SettingsScreen::hueSection() {
     return {"THEME", namesOf(Look::kHues, [](Look::Hue hue) { return Look::name(hue); }),
             static_cast<std::size_t>(Look::hue()), [](std::size_t index) { Look::setHue(Look::kHues[index]); }};
 }
 
-SettingsScreen::Choice SettingsScreen::languageChoice() {
+SettingsScreen::Section SettingsScreen::languageSection() {
     return {"SAMPLE TEXT",
             namesOf(SampleText::kLanguages, [](SampleText::Language language) { return SampleText::name(language); }),
             static_cast<std::size_t>(SampleText::language()),
             [](std::size_t index) { SampleText::setLanguage(SampleText::kLanguages[index]); }};
 }
 
-SettingsScreen::Choice SettingsScreen::deviceChoice() {
+SettingsScreen::Section SettingsScreen::slowMotionSection() {
+    const int present = UIApplication::sharedApplication()->debugAids().slowMotion;
+    return {"SLOW MOTION", namesOf(kSlowMotions, [](const SlowMotion& motion) { return motion.name; }),
+            indexIn(kSlowMotions, [&](const SlowMotion& motion) { return motion.factor == present; }),
+            [](std::size_t index) {
+                DebugAids aids = UIApplication::sharedApplication()->debugAids();
+                aids.slowMotion = kSlowMotions[index].factor;
+                UIApplication::sharedApplication()->setDebugAids(aids);
+            }};
+}
+
+SettingsScreen::Section SettingsScreen::debugAidSection() {
+    return {"SHOW",
+            {"Touches", "Layer borders", "Repainted areas", "Frame times"},
+            std::nullopt,
+            nullptr,
+            {&DebugAids::showsTouches, &DebugAids::showsLayerBorders, &DebugAids::showsDamage,
+             &DebugAids::showsFrameTimes}};
+}
+
+SettingsScreen::Section SettingsScreen::deviceSection() {
     const DeviceProfile present = UIDevice::currentDevice()->profile();
     return {"DEVICE",
             {std::begin(kDevices), std::end(kDevices)},
@@ -84,7 +113,7 @@ SettingsScreen::Choice SettingsScreen::deviceChoice() {
             }};
 }
 
-SettingsScreen::Choice SettingsScreen::versionChoice() {
+SettingsScreen::Section SettingsScreen::versionSection() {
     return {
         "SYSTEM VERSION",
         {std::begin(kVersions), std::end(kVersions)},
@@ -99,39 +128,62 @@ SettingsScreen::Choice SettingsScreen::versionChoice() {
 
 // Rows
 
-NSInteger SettingsScreen::numberOfSectionsInTableView(UITableView*) { return static_cast<NSInteger>(m_choices.size()); }
+NSInteger SettingsScreen::numberOfSectionsInTableView(UITableView*) {
+    return static_cast<NSInteger>(m_sections.size());
+}
 
 NSString SettingsScreen::tableView_titleForHeaderInSection(UITableView*, NSInteger section) {
-    return choiceAt(section).heading;
+    return sectionAt(section).heading;
 }
 
 NSInteger SettingsScreen::tableView_numberOfRowsInSection(UITableView*, NSInteger section) {
-    return static_cast<NSInteger>(choiceAt(section).names.size());
+    return static_cast<NSInteger>(sectionAt(section).names.size());
 }
 
 bool SettingsScreen::isChosen(const NSIndexPath& path) {
-    return choiceAt(path.section()).chosen == static_cast<std::size_t>(path.row());
+    return sectionAt(path.section()).chosen == static_cast<std::size_t>(path.row());
 }
 
 Ref<UITableViewCell> SettingsScreen::tableView_cellForRowAtIndexPath(UITableView*, const NSIndexPath& path) {
+    return sectionAt(path.section()).switches.empty() ? choiceCell(path) : switchCell(path);
+}
+
+Ref<UITableViewCell> SettingsScreen::choiceCell(const NSIndexPath& path) {
     const auto cell = reusedCell("choice");
-    cell->zrTextLabel()->setText(choiceAt(path.section()).names[static_cast<std::size_t>(path.row())]);
+    cell->zrTextLabel()->setText(sectionAt(path.section()).names[static_cast<std::size_t>(path.row())]);
     cell->setZrAccessoryType(isChosen(path) ? ZRAccessoryTypeCheckMark : ZRAccessoryTypeNone);
+    return cell;
+}
+
+Ref<UITableViewCell> SettingsScreen::switchCell(const NSIndexPath& path) {
+    const auto index = static_cast<std::size_t>(path.row());
+    bool DebugAids::*const aid = sectionAt(path.section()).switches[index];
+    const auto cell = reusedCell("switch");
+    cell->zrTextLabel()->setText(sectionAt(path.section()).names[index]);
+    cell->setSwitchValueChangedBlock([aid](bool on) {
+        DebugAids aids = UIApplication::sharedApplication()->debugAids();
+        aids.*aid = on;
+        UIApplication::sharedApplication()->setDebugAids(aids);
+    });
+    cell->setZrAccessoryType(ZRAccessoryTypeSwitch);
+    if (auto* control = dynamic_cast<ZRSwitch*>(cell->zrAccessoryView()))
+        control->setOn_animated(UIApplication::sharedApplication()->debugAids().*aid, false);
     return cell;
 }
 
 void SettingsScreen::tableView_didSelectRowAtIndexPath(UITableView* table, const NSIndexPath& path) {
     table->deselectRowAtIndexPath_animated(path, false);
-    if (isChosen(path))
+    if (isChosen(path) || !sectionAt(path.section()).switches.empty())
         return;
-    Choice& choice = choiceAt(path.section());
-    choice.chosen = static_cast<std::size_t>(path.row());
+    Section& section = sectionAt(path.section());
+    section.chosen = static_cast<std::size_t>(path.row());
     // The rows stay the ones they are, so that the touched one can fade.
     for (const NSIndexPath& visible : table->indexPathsForVisibleRows()) {
-        if (auto* cell = dynamic_cast<ZRTableViewCell*>(table->cellForRowAtIndexPath(visible)))
+        auto* cell = dynamic_cast<ZRTableViewCell*>(table->cellForRowAtIndexPath(visible));
+        if (cell && sectionAt(visible.section()).switches.empty())
             cell->setZrAccessoryType(isChosen(visible) ? ZRAccessoryTypeCheckMark : ZRAccessoryTypeNone);
     }
-    choice.choose(*choice.chosen);
+    section.choose(*section.chosen);
 }
 
 } // namespace zr::gallery

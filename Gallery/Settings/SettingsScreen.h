@@ -1,14 +1,15 @@
 #pragma once
 
 #include <Gallery/Look/RowScreen.h>
+#include <ZRPlatform/UIKit/Application/DebugAids.h>
 #include <ZRPlatform/UIKit/Application/UIDevice.h>
 
 #include <optional>
 
 namespace zr::gallery {
 
-/// The device and its system version, the hue of the bars, and the language of the texts that components are shown
-/// with.
+/// The hue of the bars, the language of the texts that components are shown with, what helps to see how things work,
+/// and the device with its system version.
 class SettingsScreen : public RowScreen {
 public:
     bool init() override;
@@ -29,22 +30,28 @@ public:
     /// @}
 
 private:
-    /// A section: one of several, or none that is offered.
-    struct Choice {
+    struct Section {
         const char* heading;
         std::vector<NSString> names;
+        /// One of several, or none that is offered; nothing in a section of switches.
         std::optional<std::size_t> chosen;
         std::function<void(std::size_t index)> choose;
+        /// One a row in a section of switches.
+        std::vector<bool DebugAids::*> switches = {};
     };
 
-    Choice& choiceAt(NSInteger section) { return m_choices.at(static_cast<std::size_t>(section)); }
+    Section& sectionAt(NSInteger section) { return m_sections.at(static_cast<std::size_t>(section)); }
     bool isChosen(const NSIndexPath& path);
-    static Choice hueChoice();
-    static Choice languageChoice();
-    static Choice deviceChoice();
-    static Choice versionChoice();
+    Ref<UITableViewCell> choiceCell(const NSIndexPath& path);
+    Ref<UITableViewCell> switchCell(const NSIndexPath& path);
+    static Section hueSection();
+    static Section languageSection();
+    static Section slowMotionSection();
+    static Section debugAidSection();
+    static Section deviceSection();
+    static Section versionSection();
 
-    std::vector<Choice> m_choices;
+    std::vector<Section> m_sections;
 };
 
 } // namespace zr::gallery
