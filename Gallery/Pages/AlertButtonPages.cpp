@@ -1,6 +1,7 @@
 #include <Gallery/Pages/AlertDemo.h>
 
 #include <Gallery/Look/Look.h>
+#include <ZRKitDynamic/ZRTAlertView/ZRTAlertViewButton.h>
 #include <ZRPlatform/Foundation/NSTimer.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>
 
@@ -76,6 +77,30 @@ private:
     Ref<UIView> m_hostView;
 };
 
+// The button itself
+
+Ref<ZRTAlertViewButton> makeAlertButton(CGRect frame, const char* title) {
+    auto button = make<ZRTAlertViewButton>(&UIControl::initWithFrame, frame);
+    button->setTitle(title);
+    return button;
+}
+
+/// In its three states. Only the first one can be touched.
+void buildButtonPage(PageView& page) {
+    constexpr CGFloat kHeight = 44, kGap = 12;
+    const CGFloat width = page.contentWidth();
+    const auto column = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, width, 3 * kHeight + 2 * kGap));
+    const auto normal = makeAlertButton(CGRectMake(0, 0, width, kHeight), "Normal");
+    const auto highlighted = makeAlertButton(CGRectMake(0, kHeight + kGap, width, kHeight), "Highlighted");
+    const auto disabled = makeAlertButton(CGRectMake(0, 2 * (kHeight + kGap), width, kHeight), "Disabled");
+    highlighted->setHighlighted(true);
+    highlighted->setUserInteractionEnabled(false);
+    disabled->setEnabled(false);
+    for (const auto& button : {normal, highlighted, disabled})
+        column->addSubview(button);
+    page.addView(column);
+}
+
 } // namespace
 
 std::vector<Page> alertButtonPages() {
@@ -92,6 +117,8 @@ std::vector<Page> alertButtonPages() {
          "seconds, or as soon as the screen is touched.",
          showsAlert<NoButtonDemo>(
              {"One moment", nullptr, nullptr, nullptr, ZRTAlertViewStyleRotation, "Looking for printers"})},
+        {"alert-button", "The button itself", kFamily, "Normal, highlighted, disabled", "icon_alert_one_button.png",
+         "The flat button along an alert’s bottom edge is a control that can stand by itself.", buildButtonPage},
         {"alert-host-view", "In a view", kFamily, "Dims one view instead of the screen", "icon_alert_host_view.png",
          "Shown in a view that the caller names, the alert dims that view and leaves the rest of the screen in use.",
          showsAlert<HostViewDemo>({"Reload map?", "Only this view waits for the answer.", "Later", "Reload"})},

@@ -172,6 +172,62 @@ private:
     }
 };
 
+// Rows of one's own
+
+/// What rows can be besides.
+class OwnRowScreen : public PageRowScreen {
+public:
+    NSInteger tableView_numberOfRowsInSection(UITableView*, NSInteger) override { return std::size(kTitles); }
+    CGFloat tableView_heightForRowAtIndexPath(UITableView*, const NSIndexPath&) override { return 76; }
+
+    Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
+        const NSInteger row = path.row();
+        auto cell = reusedCell(kTitles[row]);
+        cell->zrTextLabel()->setText(kTitles[row]);
+        cell->zrDetailTextLabel()->setText(kDetails[row]);
+        cell->zrDetailTextLabel()->setFrame(CGRectMake(0, 0, 0, 40));
+        switch (row) {
+        case 0:
+            cell->setZrAccessoryType(ZRAccessoryTypeSwitch);
+            cell->setShowSelectedStyle(true);
+            break;
+        case 1:
+            cell->setZrAccessoryView(makeBadge("3"));
+            break;
+        case 2:
+            cell->setShowFullLine(true);
+            break;
+        default:
+            cell->zrTextLabel()->setTextColor(Look::cursorColor());
+            cell->zrTextLabel()->setFont(UIFont::boldSystemFontOfSize(17));
+        }
+        return cell;
+    }
+
+private:
+    static constexpr const char* kTitles[] = {"A switch, and a row that darkens", "A view of one’s own",
+                                              "A line over the whole width", "Fonts and colours"};
+    static constexpr const char* kDetails[] = {
+        "Touched beside its switch, it shows the touch as other rows do.",
+        "Any view can stand at the right; it keeps its size.",
+        "It begins at the left edge, not where the title does.",
+        "The labels are the application’s to change.",
+    };
+
+    static Ref<UIView> makeBadge(const NSString& text) {
+        const CGRect frame = CGRectMake(0, 0, 28, 28);
+        auto badge = make<UIView>(&UIView::initWithFrame, frame);
+        badge->setOpaque(false);
+        badge->setBackgroundColor(Look::cursorColor());
+        badge->layer()->setCornerRadius(frame.size.height / 2);
+        const auto label =
+            Look::label(text, UIFont::boldSystemFontOfSize(15), UIColor::whiteColor(), 1, NSTextAlignmentCenter);
+        label->setFrame(frame);
+        badge->addSubview(label);
+        return badge;
+    }
+};
+
 } // namespace
 
 std::vector<Page> cellPages() {
@@ -182,6 +238,8 @@ std::vector<Page> cellPages() {
         {"list-texts", "Texts in rows", kFamily, "Icon, title, detail, mark", "icon_list_texts.png",
          "A row places what it has. Its hairline begins where the icon or the title does.", nullptr, 1.1,
          makeRowScreen<TextScreen>},
+        {"list-own", "Rows of one’s own", kFamily, "A badge, a full line, other fonts", "icon_list_star.png",
+         "What else can be done with a row.", nullptr, 1.1, makeRowScreen<OwnRowScreen>},
     };
 }
 

@@ -123,16 +123,26 @@ void buildSegmentsPage(PageView& page) {
     const auto log = make<ControlLog>(&ControlLog::initWithPage, &page);
     page.keep(log);
     const CGFloat step = kBarHeight + kBarGap;
+    Ref<ZRSegmentedControl> renamed;
     const auto bars =
         make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, page.contentWidth(), std::size(titles) * step - kBarGap));
     for (std::size_t i = 0; i < std::size(titles); ++i) {
         const auto control = make<ZRSegmentedControl>(&ZRSegmentedControl::initWithItems, titles[i]);
         control->setSelectedSegmentIndex(static_cast<std::int64_t>(i / 2));
         log->follow(control);
+        if (titles[i].size() == 3)
+            renamed = control;
         const CGRect frame = CGRectMake(0, static_cast<CGFloat>(i) * step, page.contentWidth(), kBarHeight);
         bars->addSubview(makeBar(frame, Look::barColor(Look::kHues[i % std::size(Look::kHues)]), control));
     }
     page.addView(bars);
+    // By code, and without an event.
+    page.addButton("Other titles", [renamed] {
+        const bool isDay = renamed->titleForSegmentAtIndex(0) == NSString("Day");
+        const char* const others[] = {isDay ? "Today" : "Day", isDay ? "Soon" : "Week", isDay ? "Later" : "Month"};
+        for (NSUInteger i = 0; i < std::size(others); ++i)
+            renamed->setTitle_forSegmentAtIndex(others[i], i);
+    });
     page.addLog("UIControlEventValueChanged");
 }
 

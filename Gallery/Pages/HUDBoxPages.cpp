@@ -126,6 +126,12 @@ std::vector<Page> hudBoxPages() {
              hud->setActivityIndicatorColor(UIColor::colorWithRed_green_blue_alpha(0.88, 0.28, 0.15, 1));
              hud->setCornerRadius(24);
          })},
+        {"hud-opacity", "Opacity", kFamily, "A box that one sees through", "icon_hud_fade.png",
+         "The black box lets a fifth of what is behind it through; here it is more than half.",
+         showsHUD([](ZRProgressHUD* hud) {
+             hud->setLabelText("Listening");
+             hud->setOpacity(0.4f);
+         })},
         {"hud-dim", "Dimming", kFamily, "Darker towards the edges", "icon_hud_dim.png",
          "What is behind the HUD is darkened, the more the farther from the middle. This HUD covers the whole window, "
          "and hides by itself after three seconds.",

@@ -29,6 +29,13 @@ std::vector<Page> hudTextPages() {
              hud->setLabelText("Cleaning up");
              hud->setDetailsLabelText("Removing 214 pictures that are in more than one of your albums");
          })},
+        {"hud-fonts", "Fonts", kFamily, "Label and details in other fonts", "icon_text_latin.png",
+         "Both texts are bold at first, of 16 and 12 points; any font will do.", showsHUD([](ZRProgressHUD* hud) {
+             hud->setLabelText("Printing");
+             hud->setLabelFont(UIFont::systemFontOfSize(28));
+             hud->setDetailsLabelText("Page 3 of 12, on both sides");
+             hud->setDetailsLabelFont(UIFont::italicSystemFontOfSize(15));
+         })},
         {"hud-long", "Long texts", kFamily, "What does not fit is cut", "icon_hud_long.png",
          "A label that is too long for its line ends in three dots. Details take as many lines as the view has room "
          "for.",

@@ -55,6 +55,7 @@ std::vector<Page> hudTextPages();
 std::vector<Page> hudBoxPages();
 std::vector<Page> hudTimePages();
 std::vector<Page> hudTaskPages();
+std::vector<Page> progressPages();
 std::vector<Page> buttonPages();
 std::vector<Page> controlPages();
 std::vector<Page> imagePages();
@@ -65,5 +66,6 @@ std::vector<Page> cellPages();
 std::vector<Page> longListPages();
 std::vector<Page> swipeListPages();
 std::vector<Page> themePages();
+std::vector<Page> gradientPages();
 
 } // namespace zr::gallery

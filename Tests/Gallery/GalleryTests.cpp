@@ -27,6 +27,7 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "alert-one-button",
                                          "alert-two-buttons",
                                          "alert-no-button",
+                                         "alert-button",
                                          "alert-host-view",
                                          "alert-long-latin",
                                          "alert-long-chinese",
@@ -51,6 +52,7 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "hud-text",
                                          "hud-label",
                                          "hud-details",
+                                         "hud-fonts",
                                          "hud-long",
                                          "hud-chinese",
                                          "hud-emoji",
@@ -58,6 +60,7 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "hud-min-size",
                                          "hud-offsets",
                                          "hud-color",
+                                         "hud-opacity",
                                          "hud-dim",
                                          "hud-two",
                                          "hud-rotation",
@@ -68,6 +71,8 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "hud-min-show",
                                          "hud-thread",
                                          "hud-queue",
+                                         "progress-round",
+                                         "progress-bar",
                                          "button-light",
                                          "button-color",
                                          "switch",
@@ -84,10 +89,12 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "vertical-drag",
                                          "list-accessories",
                                          "list-texts",
+                                         "list-own",
                                          "list-million",
                                          "list-settings",
                                          "list-swipe",
-                                         "theme-colors"};
+                                         "theme-colors",
+                                         "gradients"};
 
 std::size_t lineCount(const std::string& text) { return static_cast<std::size_t>(std::ranges::count(text, '\n')); }
 
@@ -230,7 +237,7 @@ TEST(Gallery, DraggingTheListOpensNothingAndBringsTheLastRowsUp) {
     EXPECT_FALSE(contains(texts, "Show alert"));
     // Once the list has sprung back to its end, the last row ends 32 points above the screen's bottom.
     EXPECT_TRUE(contains(textsAfter("", "down 180 600\nmove 180 -4000 0.3\nup\nwait 3\ntap 180 607\nwait 0.5\n"),
-                         "THE SIX COLOURS"));
+                         "AN IMAGE OF THREE COLOURS"));
 }
 
 TEST(Gallery, ATapOnAHueGivesItToTheBars) {
