@@ -4,6 +4,7 @@
 #   - the kit includes ZRPlatform/, ZRKitDynamic/ and the standard library
 #   - an internal header is included by no public header, and by nothing outside its library
 #   - a public header has namespace zr in a region of default visibility, but for declarations marked as not exported
+#   - a public header declares classes before it names them, as that decides whether they are exported
 #   - a header has #pragma once, a file at most 600 lines
 # Internal is a header in a folder Internal/ or called *Internal.h, and CairoAccess.h; zr_shared_library in
 # ZRPlatform/CMakeLists.txt agrees.
@@ -148,6 +149,10 @@ is_public && /^namespace zr/ && !exports && !/\{ \/\/ not exported$/ {
     else
         check_foreign(name)
     next
+}
+
+is_public && !/^[ \t]*(template|\/\/)/ && /[<(,][ \t]*(const )?(class|struct) [A-Z][A-Za-z0-9]*[ >*&]/ {
+    breach("public header names a class that it has not declared")
 }
 
 is_public || FILENAME ~ /^ZRKitDynamic\// {

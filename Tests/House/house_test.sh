@@ -73,6 +73,8 @@ broken "is internal to ZRPlatform" ZRKitDynamic/ZRView/A.cpp '#include <ZRPlatfo
 broken "through their interface only" ZRPlatform/UIKit/Views/A.cpp '#include <ZRPlatform/Hosts/Window/WindowHost.h>'
 broken "does not export" ZRPlatform/Foundation/A.h "$once" 'namespace zr {' 'int a;' '}'
 broken "lacks #pragma GCC visibility pop" ZRPlatform/Foundation/A.h "$once" '#pragma GCC visibility push(default)' 'namespace zr {'
+broken "has not declared" ZRPlatform/Foundation/A.h "$once" '#pragma GCC visibility push(default)' 'namespace zr {' \
+    'std::unique_ptr<class I> i;' '}' '#pragma GCC visibility pop'
 broken "public headers alone" ZRPlatform/Foundation/Internal/A.h "$once" '#pragma GCC visibility push(default)' 'namespace zr {' \
     '}' '#pragma GCC visibility pop'
 broken "lacks #pragma once" ZRPlatform/Foundation/A.h 'int a;'

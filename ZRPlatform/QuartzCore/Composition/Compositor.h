@@ -7,6 +7,11 @@
 #include <memory>
 #include <vector>
 
+namespace zr { // not exported
+class MarkedPicture;
+struct Scene;
+} // namespace zr
+
 #pragma GCC visibility push(default)
 namespace zr {
 
@@ -89,9 +94,9 @@ private:
     int m_height;
     double m_scale;
     std::unique_ptr<std::uint32_t[]> m_pixels;
-    std::unique_ptr<struct Scene> m_lastScene;
+    std::unique_ptr<Scene> m_lastScene;
     /// The picture with marks; none without any.
-    std::unique_ptr<class MarkedPicture> m_marked;
+    std::unique_ptr<MarkedPicture> m_marked;
     std::vector<PixelRect> m_damage;
     std::int64_t m_paintedPixels = 0;
     NSTimeInterval m_nextChangeTime = std::numeric_limits<double>::infinity();

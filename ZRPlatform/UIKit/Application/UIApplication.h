@@ -24,6 +24,7 @@ class TouchMarks;
 #pragma GCC visibility push(default)
 namespace zr {
 
+class UIApplication;
 class UITouch;
 
 /// Posted by the application: after its delegate has started it, and after the device has turned.
@@ -56,7 +57,7 @@ enum UIStatusBarAnimation : NSInteger {
 class UIApplicationDelegate : public UIResponder {
 public:
     /// Make the windows here. False ends the program.
-    virtual bool applicationDidFinishLaunching(class UIApplication*) { return true; }
+    virtual bool applicationDidFinishLaunching(UIApplication*) { return true; }
     virtual void applicationWillTerminate(UIApplication*) {}
 };
 

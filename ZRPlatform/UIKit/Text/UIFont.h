@@ -7,6 +7,8 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+struct FontFace;
+
 /// A typeface at a size. Immutable; may be used on any thread.
 ///
 /// Nothing of a font is rounded to pixels: all its measures grow in proportion to its size, and a text is as wide on
@@ -61,7 +63,7 @@ public:
 
 private:
     static Ref<UIFont> systemFont(int weight, bool italic, CGFloat size);
-    static Ref<UIFont> fontWithFace(const struct FontFace& face, CGFloat size);
+    static Ref<UIFont> fontWithFace(const FontFace& face, CGFloat size);
 
     NSString m_fontName;
     NSString m_familyName;
