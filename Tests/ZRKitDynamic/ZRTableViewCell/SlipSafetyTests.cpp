@@ -17,20 +17,6 @@ public:
     }
 };
 
-/// Keeps a cell of its own for every message.
-class KeepingList : public MessageList {
-public:
-    Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
-        Ref<MessageCell>& cell = cells[messages.at(static_cast<std::size_t>(path.row()))];
-        if (!cell)
-            cell = make<MessageCell>(&UITableViewCell::initWithStyle_reuseIdentifier, UITableViewCellStyleDefault,
-                                     nullptr);
-        return cell;
-    }
-
-    std::map<int, Ref<MessageCell>> cells;
-};
-
 /// All rows are of one height, which changes.
 class GrowingList : public MessageList {
 public:
@@ -41,13 +27,6 @@ public:
 
 class SlipSafety : public SwipeTest {
 protected:
-    template <class List>
-    void showOther() {
-        table->removeFromSuperview();
-        list = make<List>();
-        list->fill(20);
-        table = makeTable(list);
-    }
     /// Lets the row open onto one button that deletes its row.
     void openOntoDeletion(NSInteger row, UITableViewRowAnimation animation) {
         giveActions({action(70, "Delete", [this, animation](ZRTableViewRowAction*, const NSIndexPath& path) {
@@ -60,24 +39,6 @@ protected:
     void dropTable() {
         table->removeFromSuperview();
         table = nullptr;
-    }
-    /// Rows are at rest, can be swiped and selected, and the list scrolls.
-    void expectFreeTable() {
-        for (const auto& each : table->visibleCells()) {
-            EXPECT_EQ(each->contentView()->center().x, table->bounds().size.width / 2);
-            EXPECT_EQ(dynamicCast<MessageCell>(each)->strip(), nullptr);
-        }
-        EXPECT_FALSE(table->zrIsSwipped());
-        EXPECT_TRUE(table->isScrollEnabled());
-        tapRow(6);
-        EXPECT_EQ(selectedRow(), rowPath(6)) << "no touch goes into closing what is not open";
-        giveActions({action(70), action(70)});
-        beginDrag(5, 280);
-        drag(100);
-        letGo();
-        settle();
-        EXPECT_TRUE(table->zrIsSwipped());
-        EXPECT_EQ(cell(5)->contentX(), table->bounds().size.width / 2 - 140);
     }
 };
 

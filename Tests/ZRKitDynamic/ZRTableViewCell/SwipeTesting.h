@@ -5,6 +5,7 @@
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewCellSlip.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowButton.h>
 
+#include <map>
 #include <string>
 
 namespace zr::testing {
@@ -100,6 +101,20 @@ public:
     News news;
 };
 
+/// Keeps a cell of its own for every message.
+class KeepingList : public MessageList {
+public:
+    Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
+        Ref<MessageCell>& cell = cells[messages.at(static_cast<std::size_t>(path.row()))];
+        if (!cell)
+            cell = make<MessageCell>(&UITableViewCell::initWithStyle_reuseIdentifier, UITableViewCellStyleDefault,
+                                     nullptr);
+        return cell;
+    }
+
+    std::map<int, Ref<MessageCell>> cells;
+};
+
 /// A table of twenty messages, 60 points each, over a screen of 320 x 480 points. Content views rest at x = 160.
 class SwipeTest : public ::testing::Test {
 protected:
@@ -117,9 +132,9 @@ protected:
         table = makeTable(list);
     }
 
-    template <class List>
+    template <class Table = ZRTableView, class List>
     Ref<ZRTableView> makeTable(const Ref<List>& source) {
-        const auto made = make<ZRTableView>(&UIView::initWithFrame, CGRectMake(0, 0, 320, 480));
+        const auto made = make<Table>(&UIView::initWithFrame, CGRectMake(0, 0, 320, 480));
         made->setRowHeight(kRowHeight);
         made->setSeparatorStyle(UITableViewCellSeparatorStyleNone);
         made->setDataSource(source);
@@ -127,6 +142,18 @@ protected:
         window->addSubview(made);
         host.advance(0);
         return made;
+    }
+
+    template <class List>
+    void showOther() {
+        table->removeFromSuperview();
+        list = make<List>();
+        list->fill(20);
+        table = makeTable(list);
+    }
+    void deleteRow(NSInteger row, UITableViewRowAnimation animation) {
+        list->messages.erase(list->messages.begin() + row);
+        table->deleteRowsAtIndexPaths_withRowAnimation({rowPath(row)}, animation);
     }
 
     MessageCell* cell(NSInteger row) const {
@@ -176,6 +203,24 @@ protected:
         ASSERT_NE(cell(row)->strip(), nullptr);
         EXPECT_EQ(cell(row)->stripX(), 320 - stripWidth / 2);
         EXPECT_TRUE(table->zrIsSwipped());
+    }
+    /// Rows are at rest, can be swiped and selected, and the list scrolls.
+    void expectFreeTable() {
+        for (const auto& each : table->visibleCells()) {
+            EXPECT_EQ(each->contentView()->center().x, table->bounds().size.width / 2);
+            EXPECT_EQ(dynamicCast<MessageCell>(each)->strip(), nullptr);
+        }
+        EXPECT_FALSE(table->zrIsSwipped());
+        EXPECT_TRUE(table->isScrollEnabled());
+        tapRow(6);
+        EXPECT_EQ(selectedRow(), rowPath(6)) << "no touch goes into closing what is not open";
+        giveActions({action(70), action(70)});
+        beginDrag(5, 280);
+        drag(100);
+        letGo();
+        settle();
+        EXPECT_TRUE(table->zrIsSwipped());
+        EXPECT_EQ(cell(5)->contentX(), table->bounds().size.width / 2 - 140);
     }
 
     HeadlessHost host;

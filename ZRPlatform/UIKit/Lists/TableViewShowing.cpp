@@ -124,10 +124,12 @@ bool UITableView::showRow(const NSIndexPath& path) {
     if (!countStillHolds(path.section()))
         return false;
     const Ref<UITableViewCell> cell = askForCell(path);
+    endDeparture(cell);
     if (m_generation != generation) {
-        m_views->cells.put(cell);
+        recycle(cell);
         return false;
     }
+    m_views->cells.remove(cell);
     m_views->rows.insert(m_views->rowsFrom(path), {path, cell});
     cell->m_tableView = this;
     cell->setAlpha(1);
@@ -139,15 +141,12 @@ bool UITableView::showRow(const NSIndexPath& path) {
     return m_generation == generation;
 }
 
-/// Never nil. One that shows a row that is on its way out is taken from there: lists with a cell of its own for each
-/// row give the same one again when a row is reloaded.
+/// Never nil.
 Ref<UITableViewCell> UITableView::askForCell(const NSIndexPath& path) {
     const auto source = askedSource();
     Ref<UITableViewCell> cell = source ? source->tableView_cellForRowAtIndexPath(this, path) : nullptr;
-    if (cell && !m_views->rowOf(cell)) {
-        m_views->takeFromDeparting(cell);
+    if (cell && !m_views->rowOf(cell))
         return cell;
-    }
     NSLog("the data source of a table view gives %s for row %s; showing an empty one",
           cell ? "the cell of another row" : "no cell", path.description().UTF8String());
     return make<UITableViewCell>(&UITableViewCell::initWithStyle_reuseIdentifier, UITableViewCellStyleDefault, nullptr);
@@ -188,12 +187,16 @@ void UITableView::renewAllSeparators() {
         renewSeparators(row.cell);
 }
 
-void UITableView::retireCell(const Ref<UITableViewCell>& cell, const NSIndexPath& path) {
+void UITableView::takeOut(const Ref<UITableViewCell>& cell, const NSIndexPath& path) {
     if (cell->superview() == this)
         cell->removeFromSuperview();
-    m_views->cells.put(cell);
     if (const auto asked = askedDelegate())
         asked->tableView_didEndDisplayingCell_forRowAtIndexPath(this, cell, path);
+}
+
+void UITableView::retireCell(const Ref<UITableViewCell>& cell, const NSIndexPath& path) {
+    takeOut(cell, path);
+    recycle(cell);
 }
 
 // Headers and footers
@@ -230,12 +233,15 @@ bool UITableView::showEdge(Edge edge, NSInteger section) {
     TableViews::Edges& edges = edge == Edge::Header ? m_views->headers : m_views->footers;
     const unsigned generation = m_generation;
     const Ref<UIView> view = askForEdgeView(edge, section);
+    endDeparture(view);
     if (m_generation != generation) {
         recycle(view);
         return false;
     }
     if (!view)
         return true;
+    if (const auto* waiting = dynamic_cast<const UITableViewHeaderFooterView*>(view.get()))
+        m_views->headerFooterViews.remove(waiting);
     edges.insert(TableViews::edgesFrom(edges, section), {section, view});
     view->setAlpha(1);
     view->setFrame(rectOf(edgeExtent(edge, section)));
@@ -270,10 +276,9 @@ Ref<UIView> UITableView::askForEdgeView(Edge edge, NSInteger section) {
     return view;
 }
 
-void UITableView::retireEdge(Edge edge, const Ref<UIView>& view, NSInteger section) {
+void UITableView::takeOut(Edge edge, const Ref<UIView>& view, NSInteger section) {
     if (view->superview() == this)
         view->removeFromSuperview();
-    recycle(view);
     const auto asked = askedDelegate();
     if (asked && edge == Edge::Header)
         asked->tableView_didEndDisplayingHeaderView_forSection(this, view, section);
@@ -281,12 +286,22 @@ void UITableView::retireEdge(Edge edge, const Ref<UIView>& view, NSInteger secti
         asked->tableView_didEndDisplayingFooterView_forSection(this, view, section);
 }
 
-void UITableView::recycle(const Ref<UIView>& edgeView) {
-    if (const auto view = dynamicCast<UITableViewHeaderFooterView>(edgeView))
-        m_views->headerFooterViews.put(view);
+void UITableView::retireEdge(Edge edge, const Ref<UIView>& view, NSInteger section) {
+    takeOut(edge, view, section);
+    recycle(view);
 }
 
 // All of them
+
+/// Lists that keep views of their own may have given one that is on show; that does not wait to be used again.
+void UITableView::recycle(const Ref<UIView>& view) {
+    if (!view || view->superview())
+        return;
+    if (const auto cell = dynamicCast<UITableViewCell>(view))
+        m_views->cells.put(cell);
+    else if (const auto edgeView = dynamicCast<UITableViewHeaderFooterView>(view))
+        m_views->headerFooterViews.put(edgeView);
+}
 
 void UITableView::retireAll() {
     retireDeparting(0);
@@ -302,15 +317,29 @@ void UITableView::retireAll() {
 }
 
 void UITableView::retireDeparting(unsigned group) {
-    std::vector<std::function<void()>> retiring;
+    std::vector<TableViews::Departing> leaving;
     std::erase_if(m_views->departing, [&](const TableViews::Departing& each) {
         const bool isMeant = group == 0 || each.group == group;
         if (isMeant)
-            retiring.push_back(each.retire);
+            leaving.push_back(each);
         return isMeant;
     });
-    for (const auto& retire : retiring)
-        retire();
+    for (const auto& each : leaving) {
+        each.leave();
+        recycle(each.view);
+    }
+}
+
+/// A view that comes back while it is on its way out: lists that keep one for each row and section give the same again
+/// when these are reloaded. It leaves first, as others do.
+void UITableView::endDeparture(const UIView* view) {
+    const auto found = std::find_if(m_views->departing.begin(), m_views->departing.end(),
+                                    [view](const TableViews::Departing& each) { return each.view.get() == view; });
+    if (found == m_views->departing.end())
+        return;
+    const auto leave = found->leave;
+    m_views->departing.erase(found);
+    leave();
 }
 
 /// Cells lie right above the background: below headers, indicators, and whatever else is in the table.

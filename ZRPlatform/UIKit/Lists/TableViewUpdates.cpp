@@ -133,7 +133,7 @@ void UITableView::Update::sortOutEdges(Edge edge) {
         }
         m_views.departing.push_back({each.view, m_group, [table = &m_table, edge, each] {
                                          each.view->setAlpha(1);
-                                         table->retireEdge(edge, each.view, each.section);
+                                         table->takeOut(edge, each.view, each.section);
                                      }});
         each.view->setAlpha(0);
     }
@@ -145,7 +145,7 @@ void UITableView::Update::sortOutEdges(Edge edge) {
 void UITableView::Update::letGo(const Ref<UITableViewCell>& cell, const NSIndexPath& path) {
     m_views.departing.push_back({cell, m_group, [table = &m_table, cell, path] {
                                      cell->setAlpha(1);
-                                     table->retireCell(cell, path);
+                                     table->takeOut(cell, path);
                                  }});
 }
 

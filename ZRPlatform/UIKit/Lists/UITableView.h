@@ -281,7 +281,7 @@ private:
     template <class Question>
     bool isAnswered(const Question& question);
     bool givesViews(Edge edge, NSInteger section);
-    void recycle(const Ref<UIView>& edgeView);
+    void recycle(const Ref<UIView>& view);
     void setHeight(CGFloat& field, CGFloat height);
     void updateContentSize();
     CGFloat offsetShowing(const Extent& extent, CGFloat headerHeight, UITableViewScrollPosition position) const;
@@ -305,9 +305,12 @@ private:
     void dressCell(UITableViewCell* cell, const NSIndexPath& path);
     void renewSeparators(UITableViewCell* cell);
     void renewAllSeparators();
+    void takeOut(const Ref<UITableViewCell>& cell, const NSIndexPath& path);
+    void takeOut(Edge edge, const Ref<UIView>& view, NSInteger section);
     void retireCell(const Ref<UITableViewCell>& cell, const NSIndexPath& path);
     void retireEdge(Edge edge, const Ref<UIView>& view, NSInteger section);
     void retireAll();
+    void endDeparture(const UIView* view);
     /// Those that an animated change has let go of; all of them with group 0.
     void retireDeparting(unsigned group);
     NSInteger indexOfCells() const;

@@ -137,6 +137,27 @@ TEST_F(UnevenTable, HeightsThatAreNoneAreTheTables) {
     EXPECT_EQ(table->rowHeight(), 44);
 }
 
+TEST_F(BadTable, ACellThatWasAskedForInVainIsUsedAgain) {
+    class Reloading : public NumberList {
+    public:
+        Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView* asking, const NSIndexPath& path) override {
+            const auto cell = NumberList::tableView_cellForRowAtIndexPath(asking, path);
+            if (!first) {
+                first = cell;
+                asking->reloadData();
+            }
+            return cell;
+        }
+        Ref<UITableViewCell> first;
+    };
+    const auto reloading = make<Reloading>();
+    reloading->fill(30);
+    table->removeFromSuperview();
+    list = reloading;
+    showTable();
+    EXPECT_EQ(table->cellForRowAtIndexPath(rowPath(0, 0)), reloading->first.get());
+}
+
 TEST_F(BadTable, AbsurdCountsAreCut) {
     class Absurd : public NSObject, public UITableViewDataSource {
     public:

@@ -135,28 +135,6 @@ TEST_F(UpdatedTable, AReloadedRowGetsAnotherCell) {
     EXPECT_EQ(second->superview(), nullptr);
 }
 
-TEST_F(UpdatedTable, AListWithACellForEachRowReloadsThem) {
-    class Fixed : public NumberList {
-    public:
-        Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
-            return cells.at(static_cast<std::size_t>(path.row()));
-        }
-        std::vector<Ref<RowCell>> cells;
-    };
-    const auto fixed = make<Fixed>();
-    fixed->fill(3);
-    for (int i = 0; i < 3; ++i)
-        fixed->cells.push_back(make<RowCell>());
-    table->setDataSource(fixed);
-    host.advance(0);
-    table->reloadRowsAtIndexPaths_withRowAnimation({rowPath(0, 1)}, kFade);
-    EXPECT_EQ(cellAt(1), fixed->cells[1].get());
-    host.advance(1);
-    EXPECT_EQ(fixed->cells[1]->superview(), table.get());
-    EXPECT_EQ(fixed->cells[1]->alpha(), 1);
-    EXPECT_EQ(fixed->cells[1]->frame(), CGRectMake(0, 44, 320, 44));
-}
-
 TEST_F(UpdatedTable, SectionsComeGoAndMove) {
     list->sections.push_back({200, 201});
     table->insertSections_withRowAnimation({1}, kFade);

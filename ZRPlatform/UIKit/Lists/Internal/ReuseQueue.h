@@ -30,6 +30,12 @@ public:
             m_waiting[view->reuseIdentifier()].push_back(view);
     }
 
+    /// Somebody uses it: it waits no more, if it did.
+    void remove(const View* view) {
+        if (const auto waiting = m_waiting.find(view->reuseIdentifier()); waiting != m_waiting.end())
+            std::erase_if(waiting->second, [view](const Ref<View>& each) { return each.get() == view; });
+    }
+
     /// One that waited, the latest first, made ready; else a new one; nil when nobody knows how to make it.
     Ref<View> take(const NSString& identifier) {
         if (const auto waiting = m_waiting.find(identifier); waiting != m_waiting.end() && !waiting->second.empty()) {

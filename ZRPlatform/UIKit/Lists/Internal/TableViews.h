@@ -21,7 +21,8 @@ struct TableViews {
         Ref<UIView> view;
         /// The change that it belongs to.
         unsigned group;
-        std::function<void()> retire;
+        /// Takes it out of the table, as it was before, and tells of it.
+        std::function<void()> leave;
     };
     using Rows = std::vector<Row>;
     using Edges = std::vector<Edge>;
@@ -56,10 +57,6 @@ struct TableViews {
     static UIView* edgeAt(Edges& edges, NSInteger section) {
         const auto found = edgesFrom(edges, section);
         return found != edges.end() && found->section == section ? found->view.get() : nullptr;
-    }
-    /// Whether it was; it is then nobody's.
-    bool takeFromDeparting(const UIView* view) {
-        return std::erase_if(departing, [view](const Departing& each) { return each.view.get() == view; }) > 0;
     }
 };
 
