@@ -11,8 +11,9 @@ class ZRTableViewRowButton;
 /// A table view whose rows can be swiped open to reveal buttons, if its cells are `ZRTableViewCellSlip` and its data
 /// source is a `ZRTableViewDataSource` too.
 ///
-/// At most one row is open. While one is, the table does not scroll, and the next touch in it closes the row and is
-/// none of the table's: it selects nothing. (The cell under the finger still runs its own blocks.) Main thread only.
+/// At most one row is open, unless the application frees the table meanwhile: by `setZrIsSwipped(false)`, or by a reset
+/// of another row. While one is open, the table does not scroll, and the next touch in it closes the row and is none of
+/// the table's: it selects nothing. (The cell under the finger still runs its own blocks.) Main thread only.
 class ZRTableView : public UITableView {
 public:
     /// Whether a row is open, opening, or closing after a touch elsewhere: no other one can be swiped meanwhile. The
@@ -47,6 +48,8 @@ private:
 
     /// Its buttons are showing.
     Weak<UITableViewCell> m_zrEditingCell;
+    /// The row that opened last; nil once the table is free. Unlike the other one it stays when a button was tapped.
+    Weak<UITableViewCell> m_lockingCell;
     bool m_zrIsSwipped = false;
 };
 

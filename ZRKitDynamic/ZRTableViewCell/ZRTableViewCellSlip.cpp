@@ -118,7 +118,7 @@ bool ZRTableViewCellSlip::gestureRecognizerShouldBegin(UIGestureRecognizer* reco
     if (UIDevice::currentDevice()->systemVersion().intValue() > kLastVersionWithoutLock && table &&
         table->zrIsSwipped())
         return false;
-    if (recognizer != m_panGesture.get())
+    if (!recognizer || recognizer != m_panGesture.get())
         return true;
     const CGPoint way = m_panGesture->translationInView(superview());
     return std::abs(way.y) <= std::abs(way.x);
@@ -170,7 +170,7 @@ void ZRTableViewCellSlip::finishedCellSwipedAnimationWithPoint(CGPoint) {
     const Ref<ZRTableView> table = swipeTable();
     if (!canEdit || !table)
         return;
-    if (m_zrEditingView && !m_lockedTable && table->zrIsSwipped())
+    if (m_zrEditingView && !isLocking(table) && table->zrIsSwipped())
         close(nullptr); // two fingers on two rows: the other one has opened, and stays open
     else if (m_defaultContentViewCenter.x - contentView()->center().x <= m_actionButtonWidth)
         close(table);
@@ -184,6 +184,7 @@ void ZRTableViewCellSlip::open(const Ref<ZRTableView>& table) {
     settle(
         [this, &table] {
             m_lockedTable = table;
+            table->m_lockingCell = this;
             table->setZrIsSwipped(true);
             placeCenters(m_defaultContentViewCenter.x - stripWidth(), openStripX());
             cellSwipedAction();
@@ -198,11 +199,12 @@ void ZRTableViewCellSlip::cellSwipedAction() {
 
 /// After a drag. Other rows of `table`, if any, can be swiped from now on, and it scrolls again afterwards.
 void ZRTableViewCellSlip::close(const Ref<ZRTableView>& table) {
-    m_lockedTable = nullptr;
     settle(
         [this, &table] {
-            if (table)
+            if (table) {
+                table->m_lockingCell = nullptr;
                 table->setZrIsSwipped(false);
+            }
             placeCenters(m_defaultContentViewCenter.x, closedStripX());
         },
         [this, weakTable = Weak<ZRTableView>(table)] {
@@ -244,21 +246,24 @@ void ZRTableViewCellSlip::placeAtRest() {
     contentView()->layer()->removeAnimationForKey("position");
 }
 
+bool ZRTableViewCellSlip::isLocking(const ZRTableView* table) const { return table->m_lockingCell.get() == this; }
+
 void ZRTableViewCellSlip::freeTable(const Ref<ZRTableView>& table) {
-    m_lockedTable = nullptr;
     if (!table)
         return;
+    table->m_lockingCell = nullptr;
     table->setScrollEnabled(true);
     table->setZrIsSwipped(false);
 }
 
 /// Because the row is not what was swiped any more. A table that is locked on another row's account stays so.
 void ZRTableViewCellSlip::giveUp() {
-    if (!m_zrEditingView && !m_lockedTable)
+    if (!m_zrEditingView)
         return;
     placeAtRest();
     if (const Ref<ZRTableView> table = m_lockedTable.lock()) {
-        freeTable(table);
+        if (isLocking(table))
+            freeTable(table);
         table->forgetSwipedCell(this);
     }
     removeStrip();

@@ -76,6 +76,7 @@ public:
 
 private:
     Ref<ZRTableView> swipeTable() const;
+    bool isLocking(const ZRTableView* table) const;
     CGFloat stripWidth() const;
     CGFloat closedStripX() const;
     CGFloat openStripX() const;
@@ -98,7 +99,7 @@ private:
     CGFloat m_actionButtonWidth = 0;
     /// Counts what moves the row: a completion whose movement is not the last one has nothing to clear away.
     unsigned m_movement = 0;
-    /// The table that neither scrolls nor lets rows be swiped because this one is open; nil when this one is not.
+    /// The table that this row has locked as it opened. It may be free again, or locked by another row.
     Weak<ZRTableView> m_lockedTable;
 };
 

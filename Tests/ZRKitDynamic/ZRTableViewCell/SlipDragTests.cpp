@@ -103,6 +103,8 @@ TEST_F(SlipDrag, LetsEveryOtherRecogniserBegin) {
     EXPECT_TRUE(cell(1)->gestureRecognizerShouldBegin(tap));
     EXPECT_TRUE(cell(1)->gestureRecognizerShouldBegin(otherPan));
     EXPECT_TRUE(cell(1)->gestureRecognizerShouldBegin(nullptr));
+    cell(1)->removeGestureRecognizer(pan(1));
+    EXPECT_TRUE(cell(1)->gestureRecognizerShouldBegin(nullptr)) << "none is not the row's, now that it has none";
 }
 
 TEST_F(SlipDrag, LetsNoneBeginWhileARowIsSwiped) {
