@@ -36,9 +36,11 @@ void UITableView::setNeedsLoad() {
     setNeedsLayout();
 }
 
-void UITableView::loadIfNeeded() {
+Ref<UITableView> UITableView::loadIfNeeded() {
+    const Ref<UITableView> self = this;
     if (m_needsLoad && !m_isLoading)
         load();
+    return self;
 }
 
 void UITableView::reloadData() {
@@ -49,9 +51,9 @@ void UITableView::reloadData() {
 void UITableView::load() {
     const Ref<UITableView> keep = this;
     m_isLoading = true;
+    m_needsLoad = false; // unless whoever is asked gives the table another list
     SectionGeometry geometry = askForGeometry(askForCounts());
     m_isLoading = false;
-    m_needsLoad = false;
     ++m_generation;
     *m_geometry = std::move(geometry);
     *m_changes = RowChanges();

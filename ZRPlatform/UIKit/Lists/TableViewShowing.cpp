@@ -45,8 +45,9 @@ void UITableView::layoutSubviews() {
     // Between the beginning and the end of a change the data source may have made it or not.
     if (m_isShowing || m_updateDepth > 0)
         return;
-    const Ref<UITableView> keep = this;
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
+    if (m_needsLoad)
+        return; // there is another list meanwhile, which the next round of layout loads
     if (bounds().size.width != m_placedWidth) {
         updateContentSize();
         placeAnew();

@@ -154,7 +154,7 @@ std::vector<NSIndexPath> UITableView::indexPathsForSelectedRows() const {
 
 void UITableView::selectRowAtIndexPath_animated_scrollPosition(const NSIndexPath& indexPath, bool animated,
                                                                UITableViewScrollPosition position) {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     if (!indexPath.isNil() && !m_geometry->hasRow(indexPath))
         return;
     const bool replaces = indexPath.isNil() || !maySelectSeveral();

@@ -255,7 +255,9 @@ void UITableView::askForHeightsAgain() {
 }
 
 void UITableView::apply(RowChanges& changes) {
-    if (m_needsLoad || m_isLoading)
+    if (m_isLoading)
+        setNeedsLoad(); // what is being asked for may be from before the change
+    if (m_needsLoad)
         return;
     const Ref<UITableView> keep = this;
     const unsigned generation = m_generation;

@@ -118,6 +118,7 @@ void UIScrollView::willMoveToWindow(UIWindow* window) {
 // What a finger may do
 
 void UIScrollView::setScrollEnabled(bool enabled) {
+    const Ref<UIScrollView> keep = this; // a drag that ends is told of
     m_scrollEnabled = enabled;
     m_pan->setEnabled(enabled);
     m_touchHold->setEnabled(enabled);

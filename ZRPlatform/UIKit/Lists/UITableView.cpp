@@ -69,32 +69,37 @@ const KeyTable& UITableView::keyTable() const {
 }
 
 void UITableView::setDataSource(const Delegate<UITableViewDataSource>& dataSource) {
+    const bool isAnother = !dataSource || dataSource.get() != m_dataSource.get();
     m_dataSource = dataSource;
-    setNeedsLoad();
+    if (isAnother)
+        setNeedsLoad();
 }
 
 UITableViewDelegate* UITableView::delegate() const { return m_scrollDelegate ? m_tableDelegate : nullptr; }
 
 void UITableView::setDelegate(const Delegate<UIScrollViewDelegate>& delegate) {
+    const bool isAnother = !delegate || delegate.get() != m_scrollDelegate.get();
     UIScrollView::setDelegate(delegate);
     m_scrollDelegate = delegate;
     m_tableDelegate = dynamic_cast<UITableViewDelegate*>(delegate.get());
-    setNeedsLoad();
+    if (isAnother)
+        setNeedsLoad();
 }
 
 // Content
 
 NSInteger UITableView::numberOfSections() {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     return m_geometry->numberOfSections();
 }
 
 NSInteger UITableView::numberOfRowsInSection(NSInteger section) {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     return m_geometry->hasSection(section) ? m_geometry->numberOfRows(section) : 0;
 }
 
 void UITableView::setTableView(Ref<UIView>& field, UIView* view) {
+    const Ref<UITableView> keep = this;
     if (field && field.get() != view && field->superview() == this)
         field->removeFromSuperview();
     field = view;
@@ -112,6 +117,7 @@ void UITableView::setBackgroundView(UIView* view) { setTableView(m_backgroundVie
 
 /// Headers stick below it.
 void UITableView::setContentInset(UIEdgeInsets inset) {
+    const Ref<UITableView> keep = this;
     UIScrollView::setContentInset(inset);
     setNeedsLayout();
 }
@@ -145,6 +151,7 @@ Ref<UITableViewCell> UITableView::dequeueReusableCellWithIdentifier(const NSStri
 
 Ref<UITableViewCell> UITableView::dequeueReusableCellWithIdentifier_forIndexPath(const NSString& identifier,
                                                                                  const NSIndexPath& indexPath) {
+    const Ref<UITableView> keep = this;
     Ref<UITableViewCell> cell = m_views->cells.take(identifier);
     if (!cell) {
         NSLog("no class of cells is registered for \"%s\"", identifier.UTF8String());
@@ -164,33 +171,33 @@ UITableView::dequeueReusableHeaderFooterViewWithIdentifier(const NSString& ident
 // What is where
 
 CGRect UITableView::rectForSection(NSInteger section) {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     return m_geometry->hasSection(section) ? rectOf(m_geometry->section(section)) : CGRectZero;
 }
 
 CGRect UITableView::rectForHeaderInSection(NSInteger section) {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     return m_geometry->hasSection(section) ? rectOf(m_geometry->header(section)) : CGRectZero;
 }
 
 CGRect UITableView::rectForFooterInSection(NSInteger section) {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     return m_geometry->hasSection(section) ? rectOf(m_geometry->footer(section)) : CGRectZero;
 }
 
 CGRect UITableView::rectForRowAtIndexPath(const NSIndexPath& indexPath) {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     return m_geometry->hasRow(indexPath) ? rectOf(m_geometry->row(indexPath)) : CGRectZero;
 }
 
 NSIndexPath UITableView::indexPathForRowAtPoint(CGPoint point) {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     const bool isBeside = !(point.x >= 0 && point.x < bounds().size.width);
     return isBeside ? NSIndexPath() : m_geometry->rowAt(point.y);
 }
 
 std::vector<NSIndexPath> UITableView::indexPathsForRowsInRect(CGRect rect) {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     if (!CGRectIsFinite(rect) || CGRectGetMaxX(rect) <= 0 || CGRectGetMinX(rect) >= bounds().size.width)
         return {};
     return m_geometry->rowsIn({CGRectGetMinY(rect), CGRectGetHeight(rect)});
@@ -256,7 +263,7 @@ CGFloat UITableView::offsetShowing(const Extent& extent, CGFloat headerHeight,
 
 void UITableView::scrollToRowAtIndexPath_atScrollPosition_animated(const NSIndexPath& indexPath,
                                                                    UITableViewScrollPosition position, bool animated) {
-    loadIfNeeded();
+    const Ref<UITableView> keep = loadIfNeeded();
     if (!m_geometry->hasRow(indexPath))
         return;
     const bool sticks = m_style == UITableViewStylePlain;

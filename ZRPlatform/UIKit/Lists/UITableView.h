@@ -272,7 +272,8 @@ private:
     // Loading: what the data source and the delegate say about counts and heights.
     void setNeedsLoad();
     void load();
-    void loadIfNeeded();
+    /// The table itself, to be held on to: whoever is asked may let go of it.
+    [[nodiscard]] Ref<UITableView> loadIfNeeded();
     Counts askForCounts();
     SectionGeometry askForGeometry(const Counts& counts);
     CGFloat askForEdgeHeight(Edge edge, NSInteger section);

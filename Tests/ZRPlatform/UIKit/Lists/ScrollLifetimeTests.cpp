@@ -93,6 +93,36 @@ TEST_F(ScrollLifetimes, DisabledInTheMiddleOfADragItComesBack) {
     EXPECT_EQ(view->contentOffset(), CGPointMake(0, 50));
 }
 
+TEST_F(ScrollLifetimes, AFingerThatStopsAFlightAndDragsLeavesItWhereTheDelegateSays) {
+    view->setPagingEnabled(true);
+    drag({150, 450}, {0, -60});
+    host.touchUp();
+    host.advance(0.05);
+    ASSERT_TRUE(view->isDecelerating());
+    delegate->onRelease = [this](CGPoint* chosen) { *chosen = view->contentOffset(); };
+    dragAndHold({150, 400}, {0, -30});
+    const CGPoint left = view->contentOffset();
+    EXPECT_GT(left.y, 50);
+    EXPECT_LT(left.y, 390);
+    host.advance(2);
+    EXPECT_EQ(view->contentOffset(), left);
+}
+
+TEST_F(ScrollLifetimes, ItMayGoAsItIsDisabled) {
+    const Weak<UIScrollView> weak = view;
+    delegate->act = [this](const std::string& what) {
+        if (what != "did end")
+            return;
+        view->removeFromSuperview();
+        view = nullptr;
+    };
+    drag({150, 450}, {0, -60});
+    UIScrollView* const disabled = view.get();
+    disabled->setScrollEnabled(false);
+    EXPECT_EQ(weak.get(), nullptr);
+    host.touchUp();
+}
+
 TEST_F(ScrollLifetimes, HiddenInTheMiddleOfADragItEndsTheDrag) {
     drag({150, 450}, {0, -60});
     view->setHidden(true);
