@@ -2,25 +2,38 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <utility>
 
 namespace zr {
 
+namespace {
+
+constexpr CGFloat kTallest = 1'000'000;
+constexpr CGFloat kLowestRow = 0.5;
+
+} // namespace
+
+CGFloat boundedHeight(CGFloat height) { return std::isfinite(height) ? std::clamp<CGFloat>(height, 0, kTallest) : 0; }
+
+CGFloat boundedRowHeight(CGFloat height) { return height < kLowestRow ? 0 : boundedHeight(height); }
+
 // One section's rows
 
 RowHeights::RowHeights(NSInteger count, const std::function<CGFloat(NSInteger)>& heightOfRow) : m_count(count) {
-    for (NSInteger row = 0; row < count; ++row) {
+    for (NSInteger row = 0; row < m_count; ++row) {
         const CGFloat height = heightOfRow(row);
         if (row == 0)
             m_height = height;
         if (m_ends.empty() && height == m_height)
             continue;
-        if (m_ends.empty()) {
-            m_ends.reserve(static_cast<std::size_t>(count));
-            for (NSInteger equal = 1; equal <= row; ++equal)
-                m_ends.push_back(static_cast<CGFloat>(equal) * m_height);
+        try {
+            while (std::ssize(m_ends) < row)
+                m_ends.push_back(static_cast<CGFloat>(m_ends.size() + 1) * m_height);
+            m_ends.push_back((row == 0 ? 0 : m_ends.back()) + height);
+        } catch (const std::bad_alloc&) {
+            m_count = std::ssize(m_ends);
         }
-        m_ends.push_back((row == 0 ? 0 : m_ends.back()) + height);
     }
 }
 

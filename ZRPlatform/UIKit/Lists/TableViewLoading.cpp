@@ -13,9 +13,6 @@ namespace {
 
 constexpr NSInteger kMostSections = 1'000'000;
 constexpr NSInteger kMostRows = 100'000'000;
-constexpr CGFloat kTallestRow = 1'000'000;
-/// Half a point is a pixel.
-constexpr CGFloat kLowestRow = 0.5;
 
 /// What a grouped section's header or footer has on top of its plain height.
 constexpr CGFloat kGroupedTitle = 20;
@@ -92,7 +89,7 @@ bool UITableView::isAnswered(const Question& question) {
 }
 
 SectionGeometry UITableView::askForGeometry(const Counts& counts) {
-    SectionGeometry geometry(m_tableHeaderView ? m_tableHeaderView->bounds().size.height : 0);
+    SectionGeometry geometry(TableViews::heightOf(m_tableHeaderView));
     const auto asked = askedDelegate();
     m_givesHeaderViews.reset();
     m_givesFooterViews.reset();
@@ -105,14 +102,20 @@ SectionGeometry UITableView::askForGeometry(const Counts& counts) {
     const bool givesRowHeights =
         asked && firstWithRows != counts.end() && isAnswered([&] { heightOfRow(0, firstWithRows - counts.begin()); });
 
+    bool hasMemory = true;
     for (NSInteger section = 0; section < static_cast<NSInteger>(counts.size()); ++section) {
-        const NSInteger count = counts[static_cast<std::size_t>(section)];
+        const NSInteger count = hasMemory ? counts[static_cast<std::size_t>(section)] : 0;
         SectionHeights heights;
         heights.header = askForEdgeHeight(Edge::Header, section);
         heights.footer = askForEdgeHeight(Edge::Footer, section);
         heights.rows = givesRowHeights ? RowHeights(count, [&](NSInteger row) { return heightOfRow(row, section); })
                                        : RowHeights(count, m_rowHeight);
+        hasMemory = hasMemory && heights.rows.count() == count;
         geometry.append(std::move(heights));
+    }
+    if (!hasMemory) {
+        m_isCut = true;
+        NSLog("a table view ends where there is no memory for the heights of more rows");
     }
     return geometry;
 }
@@ -122,9 +125,9 @@ CGFloat UITableView::usableHeight(CGFloat height, CGFloat otherwise) {
         if (height != UITableViewAutomaticDimension && m_badHeights++ == 0)
             NSLog("a table view was given %f as a height; it takes %f, and so for all that are none",
                   static_cast<double>(height), static_cast<double>(otherwise));
-        return otherwise;
+        return boundedRowHeight(otherwise);
     }
-    return height < kLowestRow ? 0 : std::min(height, kTallestRow);
+    return boundedRowHeight(height);
 }
 
 CGFloat UITableView::askForEdgeHeight(Edge edge, NSInteger section) {
@@ -163,8 +166,7 @@ NSString UITableView::askForTitle(Edge edge, NSInteger section) {
 }
 
 void UITableView::updateContentSize() {
-    const CGFloat footer = m_tableFooterView ? m_tableFooterView->bounds().size.height : 0;
-    setContentSize({bounds().size.width, m_geometry->all().bottom() + footer});
+    setContentSize({bounds().size.width, m_geometry->all().bottom() + TableViews::heightOf(m_tableFooterView)});
 }
 
 bool UITableView::countStillHolds(NSInteger section) {

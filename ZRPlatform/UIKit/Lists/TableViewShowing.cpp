@@ -66,10 +66,10 @@ void UITableView::placeTableViews() {
     if (m_backgroundView)
         m_backgroundView->setFrame(visible);
     if (m_tableHeaderView)
-        m_tableHeaderView->setFrame({{0, 0}, {visible.size.width, m_tableHeaderView->bounds().size.height}});
+        m_tableHeaderView->setFrame({{0, 0}, {visible.size.width, TableViews::heightOf(m_tableHeaderView)}});
     if (m_tableFooterView)
         m_tableFooterView->setFrame(
-            {{0, m_geometry->all().bottom()}, {visible.size.width, m_tableFooterView->bounds().size.height}});
+            {{0, m_geometry->all().bottom()}, {visible.size.width, TableViews::heightOf(m_tableFooterView)}});
 }
 
 /// After another width, or another beginning of the list.

@@ -248,8 +248,10 @@ UITableView::Counts UITableView::counts() const {
     return all;
 }
 
-/// The rows stay, and have other heights at once.
+/// The rows stay, and have other heights at once; in the middle of a change, with its end.
 void UITableView::askForHeightsAgain() {
+    if (m_updateDepth > 0)
+        return;
     RowChanges none;
     UIView::performWithoutAnimation([&] { apply(none); });
 }

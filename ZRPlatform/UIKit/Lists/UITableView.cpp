@@ -105,7 +105,7 @@ void UITableView::setTableView(Ref<UIView>& field, UIView* view) {
     field = view;
     if (view && view->superview() != this)
         insertSubview_atIndex(view, view == m_backgroundView.get() ? 0 : indexAboveCells());
-    m_geometry->moveTo(m_tableHeaderView ? m_tableHeaderView->bounds().size.height : 0);
+    m_geometry->moveTo(TableViews::heightOf(m_tableHeaderView));
     updateContentSize();
     placeTableViews();
     placeAnew();
@@ -125,9 +125,9 @@ void UITableView::setContentInset(UIEdgeInsets inset) {
 // Heights
 
 void UITableView::setHeight(CGFloat& field, CGFloat height) {
-    if (!std::isfinite(height) || height < 0 || height == field)
+    if (!std::isfinite(height) || height < 0 || boundedRowHeight(height) == field)
         return;
-    field = height;
+    field = boundedRowHeight(height);
     askForHeightsAgain();
 }
 

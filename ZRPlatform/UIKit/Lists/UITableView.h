@@ -56,10 +56,11 @@ enum UITableViewCellSeparatorStyle : NSInteger {
 /// `reloadData`;
 ///   and so does a count found to have changed without a word when a row of that section comes into sight.
 /// - A row for which the data source gives no cell, or one that shows another row, gets an empty one.
-/// - A height that is negative or not finite is the table's own; one below half a point is 0, one above a million
-/// points
-///   a million. Rows without height have no cells.
-/// - A negative count is 0; the list ends with the hundred-millionth row, and with the millionth section.
+/// - A height that is negative or not finite is the table's own, or 0 where it is that of a table header or footer
+///   view. One above a million points is a million. Rows, headers and footers of sections are 0 below half a point;
+///   rows without height have no cells.
+/// - A negative count is 0; the list ends with the hundred-millionth row, with the millionth section, and with the last
+///   row whose height there is memory for.
 /// - Index paths of rows that are not there give nil and zero rectangles, and are ignored in calls.
 /// - A cell that somebody takes out of the table is replaced.
 class UITableView : public UIScrollView {

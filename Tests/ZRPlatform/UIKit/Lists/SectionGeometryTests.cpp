@@ -1,6 +1,7 @@
 #include <ZRPlatform/UIKit/Lists/Internal/SectionGeometry.h>
 
 #include <gtest/gtest.h>
+#include <limits>
 #include <random>
 
 namespace zr::tests {
@@ -33,6 +34,19 @@ TEST(RowHeights, EqualHeightsAreMultiplied) {
     EXPECT_EQ(rows.firstRowEndingBelow(439'999'955), 9'999'998);
     EXPECT_EQ(rows.firstRowEndingBelow(439'999'956), 9'999'999);
     EXPECT_EQ(rows.firstRowEndingBelow(440'000'000), 10'000'000);
+}
+
+TEST(Heights, HaveBounds) {
+    constexpr CGFloat kInfinity = std::numeric_limits<CGFloat>::infinity();
+    for (const CGFloat none : {std::numeric_limits<CGFloat>::quiet_NaN(), kInfinity, -kInfinity, -0.6}) {
+        EXPECT_EQ(boundedHeight(none), 0);
+        EXPECT_EQ(boundedRowHeight(none), 0);
+    }
+    EXPECT_EQ(boundedHeight(1e9), 1'000'000);
+    EXPECT_EQ(boundedRowHeight(1e9), 1'000'000);
+    EXPECT_EQ(boundedHeight(0.3), 0.3);
+    EXPECT_EQ(boundedRowHeight(0.49), 0);
+    EXPECT_EQ(boundedRowHeight(0.5), 0.5);
 }
 
 TEST(RowHeights, DifferentHeightsAddUp) {

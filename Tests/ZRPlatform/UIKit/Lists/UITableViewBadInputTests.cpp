@@ -137,6 +137,54 @@ TEST_F(UnevenTable, HeightsThatAreNoneAreTheTables) {
     EXPECT_EQ(table->rowHeight(), 44);
 }
 
+TEST_F(BadTable, TheTablesHeightsHaveBoundsToo) {
+    table->setRowHeight(0.01);
+    EXPECT_EQ(table->rowHeight(), 0);
+    host.advance(0);
+    EXPECT_TRUE(table->visibleCells().empty());
+    table->setRowHeight(1e308);
+    EXPECT_EQ(table->rowHeight(), 1'000'000);
+    EXPECT_EQ(table->contentSize().height, 30'000'000);
+    EXPECT_EQ(table->rectForRowAtIndexPath(rowPath(0, 29)), CGRectMake(0, 29'000'000, 320, 1'000'000));
+    table->setSectionHeaderHeight(0.49);
+    table->setSectionFooterHeight(1e7);
+    EXPECT_EQ(table->sectionHeaderHeight(), 0);
+    EXPECT_EQ(table->sectionFooterHeight(), 1'000'000);
+    table->setRowHeight(0.5);
+    EXPECT_EQ(table->rowHeight(), 0.5);
+}
+
+TEST_F(BadTable, WhatIsAddedToAGroupsHeightsIsWithinTheBounds) {
+    table->removeFromSuperview();
+    list->titles[0] = "Title";
+    showTable(CGRectMake(0, 0, 320, 480), UITableViewStyleGrouped);
+    table->setSectionHeaderHeight(999'990);
+    EXPECT_EQ(table->rectForHeaderInSection(0).size.height, 1'000'000);
+}
+
+TEST_F(BadTable, AHeaderViewOfNoHeightCostsNoRows) {
+    for (const CGFloat height : {kNaN, kInfinity, -kInfinity}) {
+        table->setTableHeaderView(make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, 320, height)));
+        table->setTableFooterView(make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, 320, height)));
+        host.advance(0);
+        EXPECT_EQ(shownItems(), NumberList::numbers(11));
+        EXPECT_EQ(cellAt(1)->frame(), CGRectMake(0, 44, 320, 44));
+        EXPECT_EQ(table->contentSize(), CGSizeMake(320, 30 * 44));
+        EXPECT_EQ(table->tableHeaderView()->frame(), CGRectMake(0, 0, 320, 0));
+        table->reloadData();
+        EXPECT_EQ(table->contentSize(), CGSizeMake(320, 30 * 44));
+    }
+}
+
+TEST_F(BadTable, AHeaderViewAsHighAsTheWorldHasAnEnd) {
+    table->setTableHeaderView(make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, 320, 1e300)));
+    table->setTableFooterView(make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, 320, 1e300)));
+    EXPECT_EQ(table->contentSize(), CGSizeMake(320, 2'000'000 + 30 * 44));
+    scrollTo(1'000'000);
+    EXPECT_EQ(shownItems(), NumberList::numbers(11));
+    EXPECT_EQ(table->tableFooterView()->frame(), CGRectMake(0, 1'000'000 + 30 * 44, 320, 1'000'000));
+}
+
 TEST_F(BadTable, ACellThatWasAskedForInVainIsUsedAgain) {
     class Reloading : public NumberList {
     public:

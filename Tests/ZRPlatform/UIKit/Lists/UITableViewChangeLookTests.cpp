@@ -119,6 +119,24 @@ TEST_F(KeptCells, LayoutInTheMiddleOfAChangeTakesNoRowsAnimation) {
     EXPECT_EQ(list->news, (News{"+{0, 0}", "+{0, 1}"}));
 }
 
+TEST_F(ChangedTable, AnotherRowHeightInTheMiddleOfAChangeIsPartOfIt) {
+    list->fill(30);
+    showTable();
+    const Ref<RowCell> fourth = cellAt(3);
+    const LogLines log;
+    table->beginUpdates();
+    list->section(0).erase(list->section(0).begin());
+    table->setRowHeight(50);
+    table->setSectionHeaderHeight(20);
+    table->deleteRowsAtIndexPaths_withRowAnimation({rowPath(0, 0)}, kFade);
+    EXPECT_EQ(table->rectForRowAtIndexPath(rowPath(0, 1)).origin.y, 44) << "not before the end";
+    table->endUpdates();
+    EXPECT_TRUE(log.lines.empty());
+    EXPECT_EQ(table->indexPathForCell(fourth), rowPath(0, 2));
+    EXPECT_EQ(fourth->frame(), CGRectMake(0, 100, 320, 50));
+    EXPECT_EQ(fourth->layer()->presentationValues().position.y, 132 + 22) << "and on its way";
+}
+
 // Cells that come back
 
 TEST_F(KeptCells, AReloadedRowsCellLeavesAndComesBack) {

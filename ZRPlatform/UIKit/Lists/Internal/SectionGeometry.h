@@ -8,6 +8,12 @@
 
 namespace zr {
 
+/// A height that a list can cope with: a million points at the most, and 0 for numbers that are negative or none.
+CGFloat boundedHeight(CGFloat height);
+/// The same for rows and for what heads and ends a section, which there may be millions of: less than half a point, a
+/// pixel, is 0.
+CGFloat boundedRowHeight(CGFloat height);
+
 /// From a y coordinate downwards, in points.
 struct Extent {
     CGFloat top = 0;
@@ -23,7 +29,7 @@ class RowHeights {
 public:
     RowHeights() = default;
     RowHeights(NSInteger count, CGFloat height) : m_count(count), m_height(height) {}
-    /// Asks for each height once, in order.
+    /// Asks for each height once, in order. Ends with the last row that there is memory for.
     RowHeights(NSInteger count, const std::function<CGFloat(NSInteger row)>& heightOfRow);
 
     NSInteger count() const { return m_count; }

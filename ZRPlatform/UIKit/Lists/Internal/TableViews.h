@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ZRPlatform/UIKit/Lists/Internal/ReuseQueue.h>
+#include <ZRPlatform/UIKit/Lists/Internal/SectionGeometry.h>
 #include <ZRPlatform/UIKit/Lists/UITableView.h>
 
 #include <algorithm>
@@ -58,6 +59,8 @@ struct TableViews {
         const auto found = edgesFrom(edges, section);
         return found != edges.end() && found->section == section ? found->view.get() : nullptr;
     }
+    /// Of the table's own header and footer. 0 for nil.
+    static CGFloat heightOf(const UIView* view) { return view ? boundedHeight(view->bounds().size.height) : 0; }
 };
 
 } // namespace zr
