@@ -51,6 +51,7 @@ void UITableView::load() {
     m_needsLoad = false; // unless whoever is asked gives the table another list
     SectionGeometry geometry = askForGeometry(askForCounts());
     m_isLoading = false;
+    m_countDoubt = CountDoubt::None;
     ++m_generation;
     *m_geometry = std::move(geometry);
     *m_changes = RowChanges();
@@ -169,21 +170,34 @@ void UITableView::updateContentSize() {
     setContentSize({bounds().size.width, m_geometry->all().bottom() + TableViews::heightOf(m_tableFooterView)});
 }
 
+/// False when the list is loaded anew.
 bool UITableView::countStillHolds(NSInteger section) {
-    const auto source = askedSource();
     if (m_isCut)
         return true;
+    const auto source = askedSource();
+    const unsigned generation = m_generation;
     const NSInteger sections = source ? source->numberOfSectionsInTableView(this) : 0;
-    if (sections != numberOfSections()) {
-        reloadBecause(
-            NSString::stringWithFormat("there were %td sections and now there are %td", numberOfSections(), sections));
+    if (m_generation != generation)
         return false;
-    }
+    if (sections != m_geometry->numberOfSections())
+        return isToBeShownInSpiteOf(NSString::stringWithFormat("there were %td sections and now there are %td",
+                                                               m_geometry->numberOfSections(), sections));
     const NSInteger rows = source->tableView_numberOfRowsInSection(this, section);
-    if (rows == numberOfRowsInSection(section))
+    if (m_generation != generation)
+        return false;
+    return rows == m_geometry->numberOfRows(section) ||
+           isToBeShownInSpiteOf(NSString::stringWithFormat("section %td had %td rows and now has %td", section,
+                                                           m_geometry->numberOfRows(section), rows));
+}
+
+/// A list that has changed is loaded anew; one that has changed again before it was ever shown would be so without end.
+bool UITableView::isToBeShownInSpiteOf(const NSString& problem) {
+    if (m_countDoubt != CountDoubt::None) {
+        m_countDoubt = CountDoubt::Unsteady;
         return true;
-    reloadBecause(NSString::stringWithFormat("section %td had %td rows and now has %td", section,
-                                             numberOfRowsInSection(section), rows));
+    }
+    reloadBecause(problem);
+    m_countDoubt = CountDoubt::Reloaded;
     return false;
 }
 

@@ -58,6 +58,8 @@ void UITableView::layoutSubviews() {
     m_isShowing = false;
     if (!isDone)
         setNeedsLayout();
+    else if (m_countDoubt == CountDoubt::Reloaded)
+        m_countDoubt = CountDoubt::None;
 }
 
 /// The views that are the table's own, not its rows'.

@@ -274,6 +274,7 @@ void UITableView::apply(RowChanges& changes) {
         reloadBecause(problem);
         return;
     }
+    m_countDoubt = CountDoubt::None;
     ++m_generation;
     const SectionGeometry before = std::exchange(*m_geometry, std::move(geometry));
     m_selection->follow(changes);

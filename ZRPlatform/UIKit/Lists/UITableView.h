@@ -53,8 +53,8 @@ enum UITableViewCellSeparatorStyle : NSInteger {
 ///
 /// What is wrong is logged and comes to no harm:
 /// - Changes that do not add up to the data source's new counts, or name rows that are not there, become a
-/// `reloadData`;
-///   and so does a count found to have changed without a word when a row of that section comes into sight.
+///   `reloadData`; and so does a count found to have changed without a word when a row of that section comes into
+///   sight. A data source that never says the same twice is believed the last time.
 /// - A row for which the data source gives no cell, or one that shows another row, gets an empty one.
 /// - A height that is negative or not finite is the table's own, or 0 where it is that of a table header or footer
 ///   view. One above a million points is a million. Rows, headers and footers of sections are 0 below half a point;
@@ -260,6 +260,7 @@ private:
         explicit operator bool() const { return object != nullptr; }
     };
     enum class Edge { Header, Footer };
+    enum class CountDoubt { None, Reloaded, Unsteady };
     using Counts = std::vector<NSInteger>;
     using CellMaker = std::function<Ref<UITableViewCell>(const NSString&)>;
     using HeaderFooterMaker = std::function<Ref<UITableViewHeaderFooterView>(const NSString&)>;
@@ -301,6 +302,7 @@ private:
     bool showRow(const NSIndexPath& path);
     bool showEdge(Edge edge, NSInteger section);
     bool countStillHolds(NSInteger section);
+    bool isToBeShownInSpiteOf(const NSString& problem);
     Ref<UITableViewCell> askForCell(const NSIndexPath& path);
     Ref<UIView> askForEdgeView(Edge edge, NSInteger section);
     NSString askForTitle(Edge edge, NSInteger section);
@@ -365,6 +367,8 @@ private:
     bool m_isShowing = false;
     /// The list was longer than a table can be.
     bool m_isCut = false;
+    /// Since a count was found to have changed without a word.
+    CountDoubt m_countDoubt = CountDoubt::None;
     bool m_wasAnswered = true;
     /// Whether the delegate does; none before it was tried.
     std::optional<bool> m_givesHeaderViews;

@@ -185,6 +185,55 @@ TEST_F(BadTable, AHeaderViewAsHighAsTheWorldHasAnEnd) {
     EXPECT_EQ(table->tableFooterView()->frame(), CGRectMake(0, 1'000'000 + 30 * 44, 320, 1'000'000));
 }
 
+TEST_F(BadTable, ACountThatIsNeverTheSameIsTakenAsItWasLast) {
+    class Growing : public NumberList {
+    public:
+        NSInteger tableView_numberOfRowsInSection(UITableView* asking, NSInteger section) override {
+            if (grows)
+                sections[0].push_back(static_cast<int>(sections[0].size()));
+            return NumberList::tableView_numberOfRowsInSection(asking, section);
+        }
+        bool grows = true;
+    };
+    const auto growing = make<Growing>();
+    growing->fill(30);
+    table->setDataSource(growing);
+    host.advance(0);
+    EXPECT_EQ(log.lines.size(), 1u);
+    EXPECT_EQ(shownItems(), NumberList::numbers(11));
+    scrollTo(400);
+    EXPECT_EQ(shownItems(), NumberList::numbers(11, 9));
+    EXPECT_EQ(log.lines.size(), 1u) << "once for all";
+    table->reloadData();
+    host.advance(0);
+    EXPECT_EQ(log.lines.size(), 2u) << "a list that is loaded anew is another one";
+    EXPECT_EQ(shownItems(), NumberList::numbers(11, 9));
+    growing->grows = false;
+    const NSInteger rows = table->numberOfRowsInSection(0);
+    growing->fill(static_cast<int>(rows) + 1);
+    table->insertRowsAtIndexPaths_withRowAnimation({rowPath(0, rows)}, kFade);
+    growing->fill(15);
+    scrollTo(0);
+    EXPECT_EQ(log.lines.size(), 3u) << "and so is one that tells of a change";
+    EXPECT_EQ(table->numberOfRowsInSection(0), 15);
+}
+
+TEST_F(BadTable, EveryCountThatChangesOnceIsFoundOut) {
+    for (const int count : {25, 20, 15}) {
+        list->fill(count);
+        table->setContentOffset({0, 0});
+        scrollTo(400);
+        EXPECT_EQ(table->numberOfRowsInSection(0), count);
+        scrollTo(0);
+    }
+    EXPECT_EQ(log.lines.size(), 3u);
+    list->fill(14);
+    table->beginUpdates();
+    table->deleteRowsAtIndexPaths_withRowAnimation({rowPath(0, 0)}, kFade);
+    table->endUpdates();
+    EXPECT_EQ(log.lines.size(), 3u);
+}
+
 TEST_F(BadTable, ACellThatWasAskedForInVainIsUsedAgain) {
     class Reloading : public NumberList {
     public:
