@@ -158,7 +158,7 @@ Ref<UITableViewCell> UITableView::askForCell(const NSIndexPath& path) {
 /// What the table says about the look of a cell.
 void UITableView::dressCell(UITableViewCell* cell, const NSIndexPath& path) {
     cell->setSelected_animated(m_selection->contains(path), false);
-    cell->setHighlighted_animated(m_selection->touchedRow() == path, false);
+    cell->setHighlighted_animated(false, false); // a row on its way out may have left it so
     if (cell->isEditing() != m_editing)
         cell->setEditing_animated(m_editing, false);
     if (const auto asked = askedDelegate()) {

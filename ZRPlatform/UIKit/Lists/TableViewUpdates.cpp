@@ -274,6 +274,10 @@ void UITableView::apply(RowChanges& changes) {
         reloadBecause(problem);
         return;
     }
+    if (m_selection->losesTouch(changes))
+        unhighlight();
+    if (m_generation != generation)
+        return;
     m_countDoubt = CountDoubt::None;
     ++m_generation;
     const SectionGeometry before = std::exchange(*m_geometry, std::move(geometry));

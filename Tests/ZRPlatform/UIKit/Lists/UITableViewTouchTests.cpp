@@ -12,34 +12,32 @@ constexpr double kContentDelay = 0.2;
 /// Writes down what the table tells of touches, and answers as it is set.
 class TappedList : public NumberList {
 public:
-    bool tableView_shouldHighlightRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
-        log.push_back("should highlight " + written(path));
+    bool tableView_shouldHighlightRowAtIndexPath(UITableView* table, const NSIndexPath& path) override {
+        note("should highlight ", table, path);
         return mayHighlight;
     }
-    void tableView_didHighlightRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
-        log.push_back("did highlight " + written(path));
+    void tableView_didHighlightRowAtIndexPath(UITableView* table, const NSIndexPath& path) override {
+        note("did highlight ", table, path);
     }
-    void tableView_didUnhighlightRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
-        log.push_back("did unhighlight " + written(path));
+    void tableView_didUnhighlightRowAtIndexPath(UITableView* table, const NSIndexPath& path) override {
+        note("did unhighlight ", table, path);
     }
     NSIndexPath tableView_willSelectRowAtIndexPath(UITableView* table, const NSIndexPath& path) override {
-        log.push_back("will select " + written(path));
+        note("will select ", table, path);
         return willSelect ? willSelect(table, path) : path;
     }
-    NSIndexPath tableView_willDeselectRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
-        log.push_back("will deselect " + written(path));
+    NSIndexPath tableView_willDeselectRowAtIndexPath(UITableView* table, const NSIndexPath& path) override {
+        note("will deselect ", table, path);
         return mayDeselect ? path : NSIndexPath();
     }
     void tableView_didSelectRowAtIndexPath(UITableView* table, const NSIndexPath& path) override {
-        log.push_back("did select " + written(path));
-        if (didSelect)
-            didSelect(table, path);
+        note("did select ", table, path);
     }
-    void tableView_didDeselectRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
-        log.push_back("did deselect " + written(path));
+    void tableView_didDeselectRowAtIndexPath(UITableView* table, const NSIndexPath& path) override {
+        note("did deselect ", table, path);
     }
-    void tableView_accessoryButtonTappedForRowWithIndexPath(UITableView*, const NSIndexPath& path) override {
-        log.push_back("detail " + written(path));
+    void tableView_accessoryButtonTappedForRowWithIndexPath(UITableView* table, const NSIndexPath& path) override {
+        note("detail ", table, path);
     }
     News news() { return std::exchange(log, {}); }
 
@@ -47,7 +45,16 @@ public:
     bool mayHighlight = true;
     bool mayDeselect = true;
     std::function<NSIndexPath(UITableView*, const NSIndexPath&)> willSelect;
-    std::function<void(UITableView*, const NSIndexPath&)> didSelect;
+    /// Done when the line is written that begins with these words.
+    std::string actsWhen;
+    std::function<void(UITableView*, const NSIndexPath&)> act;
+
+private:
+    void note(const std::string& what, UITableView* table, const NSIndexPath& path) {
+        log.push_back(what + written(path));
+        if (act && what == actsWhen + " ")
+            act(table, path);
+    }
 };
 
 class TappedTable : public TableOnScreen<TappedList> {
@@ -57,6 +64,10 @@ protected:
         showTable();
     }
     void tapRow(NSInteger row) { host.tap({100, 44.0 * static_cast<CGFloat>(row) + 22}); }
+    void when(const std::string& told, std::function<void(UITableView*, const NSIndexPath&)> act) {
+        list->actsWhen = told;
+        list->act = std::move(act);
+    }
     Paths selected() const { return table->indexPathsForSelectedRows(); }
 };
 
@@ -250,11 +261,14 @@ TEST_F(TappedTable, ATapBesideTheRowsSelectsNothing) {
 TEST_F(TappedTable, AReloadWhileAFingerIsDownEndsTheTouch) {
     host.touchDown({100, 30});
     host.advance(kContentDelay);
+    list->news();
     table->reloadData();
+    EXPECT_EQ(list->news(), News{"did unhighlight {0, 0}"});
     host.advance(0);
     EXPECT_FALSE(cellAt(0)->isHighlighted());
     host.touchUp();
     EXPECT_EQ(selected(), Paths{});
+    EXPECT_EQ(list->news(), News{});
     tapRow(1);
     EXPECT_EQ(selected(), Paths{rowPath(0, 1)}) << "the next one counts";
 }
@@ -267,6 +281,7 @@ TEST_F(TappedTable, ARowThatMovesUnderTheFingerIsTheOneThatIsSelected) {
     table->insertRowsAtIndexPaths_withRowAnimation({rowPath(0, 0)}, UITableViewRowAnimationNone);
     EXPECT_TRUE(cellAt(2)->isHighlighted());
     EXPECT_EQ(cellAt(2)->item, 1);
+    EXPECT_EQ(list->log.back(), "did highlight {0, 1}");
     host.touchUp();
     EXPECT_EQ(selected(), Paths{rowPath(0, 2)});
 }
@@ -276,18 +291,50 @@ TEST_F(TappedTable, ARowThatIsDeletedUnderTheFingerSelectsNothing) {
     host.advance(kContentDelay);
     auto& items = list->section(0);
     items.erase(items.begin() + 1);
+    list->news();
     table->deleteRowsAtIndexPaths_withRowAnimation({rowPath(0, 1)}, UITableViewRowAnimationFade);
+    EXPECT_EQ(list->news(), News{"did unhighlight {0, 1}"});
     host.advance(1);
     host.touchUp();
     EXPECT_EQ(selected(), Paths{});
+    EXPECT_EQ(list->news(), News{});
+}
+
+TEST_F(TappedTable, ARowThatIsReloadedUnderTheFingerSelectsNothing) {
+    host.touchDown({100, 66});
+    host.advance(kContentDelay);
+    list->news();
+    const Ref<RowCell> touched = cellAt(1);
+    table->reloadRowsAtIndexPaths_withRowAnimation({rowPath(0, 1)}, UITableViewRowAnimationFade);
+    EXPECT_FALSE(touched->isHighlighted());
+    EXPECT_FALSE(cellAt(1)->isHighlighted());
+    host.touchUp();
+    EXPECT_EQ(list->news(), News{"did unhighlight {0, 1}"});
+    EXPECT_EQ(selected(), Paths{});
+}
+
+TEST_F(TappedTable, AChangeWhileATouchEndsBecauseOfAChangeIsNotLost) {
+    const LogLines log;
+    host.touchDown({100, 66});
+    host.advance(kContentDelay);
+    list->section(0)[1] = 77;
+    when("did unhighlight", [this](UITableView* told, const NSIndexPath&) {
+        list->fill(5, 100);
+        told->reloadData();
+    });
+    table->reloadRowsAtIndexPaths_withRowAnimation({rowPath(0, 1)}, UITableViewRowAnimationFade);
+    host.advance(1);
+    host.touchUp();
+    EXPECT_EQ(shownItems(), NumberList::numbers(5, 100));
+    EXPECT_TRUE(log.lines.empty());
 }
 
 TEST_F(TappedTable, ATapMayDeleteItsOwnRow) {
-    list->didSelect = [this](UITableView* tapped, const NSIndexPath& path) {
+    when("did select", [this](UITableView* tapped, const NSIndexPath& path) {
         auto& items = list->section(0);
         items.erase(items.begin() + path.row());
         tapped->deleteRowsAtIndexPaths_withRowAnimation({path}, UITableViewRowAnimationFade);
-    };
+    });
     tapRow(1);
     host.advance(0.5);
     EXPECT_EQ(shownItems(), (std::vector<int>{0, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}));
@@ -304,12 +351,79 @@ TEST_F(TappedTable, AReloadInTheMiddleOfASelectionStopsIt) {
     EXPECT_EQ(selected(), Paths{});
 }
 
+TEST_F(TappedTable, AReloadAsTheHighlightEndsStopsTheSelection) {
+    when("did unhighlight", [](UITableView* tapped, const NSIndexPath&) { tapped->reloadData(); });
+    tapRow(1);
+    EXPECT_EQ(list->log.back(), "did unhighlight {0, 1}");
+    EXPECT_EQ(selected(), Paths{});
+}
+
+TEST_F(TappedTable, AReloadAsAnotherRowIsDeselectedStopsTheSelection) {
+    tapRow(1);
+    when("did deselect", [](UITableView* tapped, const NSIndexPath&) { tapped->reloadData(); });
+    tapRow(2);
+    EXPECT_EQ(list->log.back(), "did deselect {0, 1}");
+    EXPECT_EQ(selected(), Paths{});
+}
+
+TEST_F(TappedTable, ARowThatGoesWhileItIsAskedForIsNotHighlighted) {
+    when("should highlight", [this](UITableView* touched, const NSIndexPath&) {
+        list->fill(5, 100);
+        touched->reloadData();
+    });
+    tapRow(1);
+    EXPECT_EQ(list->news(), News{"should highlight {0, 1}"});
+    EXPECT_EQ(selected(), Paths{});
+}
+
+TEST_F(TappedTable, WhatMayBeSelectedCountsAsTheFingerGoesUp) {
+    host.touchDown({100, 66});
+    host.advance(kContentDelay);
+    table->setAllowsSelection(false);
+    host.touchUp();
+    EXPECT_EQ(list->log.back(), "did unhighlight {0, 1}");
+    EXPECT_EQ(selected(), Paths{});
+}
+
+TEST_F(TappedTable, ARowThatLeavesTheSightUnderAFingerComesBackWithoutHighlight) {
+    class Keeping : public TappedList {
+    public:
+        Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
+            Ref<RowCell>& cell = cells[path.row()];
+            if (!cell)
+                cell = make<RowCell>();
+            return cell;
+        }
+        std::map<NSInteger, Ref<RowCell>> cells;
+    };
+    table->removeFromSuperview();
+    list = make<Keeping>();
+    list->fill(30);
+    showTable();
+    host.touchDown({100, 66});
+    host.advance(kContentDelay);
+    ASSERT_TRUE(cellAt(1)->isHighlighted());
+    scrollTo(600);
+    EXPECT_EQ(list->log.back(), "did unhighlight {0, 1}") << "the finger has lost it";
+    scrollTo(0);
+    EXPECT_FALSE(cellAt(1)->isHighlighted());
+    host.touchUp();
+    EXPECT_EQ(selected(), Paths{});
+}
+
+TEST_F(TappedTable, CodeSelectsInATableThatHasNotLoadedYet) {
+    const auto fresh = make<UITableView>(&UITableView::initWithFrame, CGRectMake(0, 0, 320, 480));
+    fresh->setDataSource(list);
+    fresh->selectRowAtIndexPath_animated_scrollPosition(rowPath(0, 2), false, UITableViewScrollPositionNone);
+    EXPECT_EQ(fresh->indexPathForSelectedRow(), rowPath(0, 2));
+}
+
 TEST_F(TappedTable, ATapMayLetGoOfTheTable) {
     const Weak<UITableView> weak = table;
-    list->didSelect = [this](UITableView* tapped, const NSIndexPath&) {
+    when("did select", [this](UITableView* tapped, const NSIndexPath&) {
         table = nullptr;
         tapped->removeFromSuperview();
-    };
+    });
     tapRow(1);
     host.advance(1);
     EXPECT_EQ(weak.get(), nullptr);
@@ -317,7 +431,7 @@ TEST_F(TappedTable, ATapMayLetGoOfTheTable) {
 
 TEST_F(TappedTable, ATapMayLetGoOfTheDelegate) {
     const Weak<TappedList> weak = list;
-    list->didSelect = [this](UITableView*, const NSIndexPath&) { list = nullptr; };
+    when("did select", [this](UITableView*, const NSIndexPath&) { list = nullptr; });
     tapRow(1);
     EXPECT_EQ(weak.get(), nullptr);
     EXPECT_EQ(table->delegate(), nullptr);

@@ -28,7 +28,11 @@ public:
         m_touchedRow = nullptr;
     }
 
-    /// Rows keep their selection where they go; a row that is deleted or reloaded is touched no more.
+    /// A row that is deleted or reloaded can be touched no more.
+    bool losesTouch(const RowChanges& changes) const {
+        return !m_touchedRow.isNil() && (changes.isReloaded(m_touchedRow) || changes.newPath(m_touchedRow).isNil());
+    }
+    /// Rows keep their selection, and the finger, where they go.
     void follow(const RowChanges& changes) {
         std::set<NSIndexPath> moved;
         for (const NSIndexPath& path : m_rows) {
@@ -37,12 +41,10 @@ public:
         }
         m_rows = std::move(moved);
         if (!m_touchedRow.isNil())
-            m_touchedRow = changes.isReloaded(m_touchedRow) ? nullptr : changes.newPath(m_touchedRow);
+            m_touchedRow = changes.newPath(m_touchedRow);
     }
-    void clear() {
-        m_rows.clear();
-        endTouch();
-    }
+    /// A finger loses its row as the cell goes.
+    void clear() { m_rows.clear(); }
 
 private:
     std::set<NSIndexPath> m_rows;
