@@ -3,6 +3,7 @@
 #include <ZRKitDynamic/SystemVersionInternal.h>
 #include <ZRKitDynamic/ZRColor/ZRColor.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableView.h>
+#include <ZRPlatform/Foundation/NSKeyValueCoding.h>
 #include <ZRPlatform/UIKit/Controllers/UITabBarController.h>
 
 namespace zr {
@@ -39,6 +40,13 @@ bool ZRTTableViewController::initWithStyle(UITableViewStyle style) {
     return true;
 }
 
+const KeyTable& ZRTTableViewController::keyTable() const {
+    using Self = ZRTTableViewController;
+    static const KeyTable table(ZRTViewController::keyTable(), {key<&Self::tableView, &Self::setTableView>("tableView"),
+                                                                key<&Self::style, &Self::setStyle>("style")});
+    return table;
+}
+
 void ZRTTableViewController::createTableViewIfNeed() {
     if (m_tableView)
         return;
@@ -48,8 +56,6 @@ void ZRTTableViewController::createTableViewIfNeed() {
     table->setDataSource(this);
     table->setSeparatorColor(ZRColor::zrColorWithRed_green_blue_alpha(215, 217, 215, 1));
     table->setBackgroundColor(UIColor::clearColor());
-    if (table->backgroundView())
-        table->backgroundView()->setBackgroundColor(UIColor::clearColor());
     table->setShowsVerticalScrollIndicator(false);
     setTableView(table);
 }

@@ -44,6 +44,9 @@ public:
     Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView* table, const NSIndexPath& indexPath) override;
     /// @}
 
+protected:
+    const KeyTable& keyTable() const override;
+
 private:
     Ref<UITableView> m_tableView;
     UITableViewStyle m_style = UITableViewStylePlain;

@@ -2,6 +2,7 @@
 
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableView.h>
 #include <ZRKitDynamic/ZRTableViewCell/ZRTableViewRowButton.h>
+#include <ZRPlatform/Foundation/NSKeyValueCoding.h>
 #include <ZRPlatform/UIKit/Application/UIDevice.h>
 #include <ZRPlatform/UIKit/Gestures/UIPanGestureRecognizer.h>
 
@@ -37,6 +38,13 @@ bool ZRTableViewCellSlip::initWithStyle_reuseIdentifier(UITableViewCellStyle sty
     m_panGesture = pan;
     m_defaultContentViewCenter = contentView()->center();
     return true;
+}
+
+const KeyTable& ZRTableViewCellSlip::keyTable() const {
+    static const KeyTable table(
+        ZRTableViewCell::keyTable(),
+        {key<&ZRTableViewCellSlip::titleList, &ZRTableViewCellSlip::setTitleList>("titleList")});
+    return table;
 }
 
 Ref<ZRTableView> ZRTableViewCellSlip::swipeTable() const { return dynamic_cast<ZRTableView*>(_tableView()); }
@@ -241,8 +249,8 @@ void ZRTableViewCellSlip::resetSwipButton() {
 
 void ZRTableViewCellSlip::placeAtRest() {
     ++m_movement;
-    UIView::performWithoutAnimation([this] { placeCenters(m_defaultContentViewCenter.x, closedStripX()); });
-    // What is under way would go on to the new place in its own time.
+    placeCenters(m_defaultContentViewCenter.x, closedStripX());
+    // Neither what is under way nor an animation that this is part of takes its time.
     contentView()->layer()->removeAnimationForKey("position");
 }
 

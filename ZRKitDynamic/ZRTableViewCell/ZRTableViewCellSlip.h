@@ -74,6 +74,9 @@ public:
     void layoutSubviews() override;
     void willMoveToSuperview(UIView* superview) override;
 
+protected:
+    const KeyTable& keyTable() const override;
+
 private:
     Ref<ZRTableView> swipeTable() const;
     bool isLocking(const ZRTableView* table) const;

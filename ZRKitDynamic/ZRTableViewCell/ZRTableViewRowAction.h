@@ -33,8 +33,8 @@ public:
     /// In points, 0 at first. The button of a width that is negative or no number has none.
     CGFloat buttonWidth() const { return m_buttonWidth; }
     virtual void setButtonWidth(CGFloat width) { m_buttonWidth = width; }
-    /// Run when the button is tapped; the row stays open until it is reloaded or reset. Nil at first: then a tap of the
-    /// button does nothing.
+    /// Run when the button is tapped; the row stays open until it is reset, is reloaded or leaves the table otherwise,
+    /// or becomes wider or narrower. Nil at first: then a tap of the button does nothing.
     const ZRTableViewRowActionBlock& actionBlock() const { return m_actionBlock; }
     virtual void setActionBlock(const ZRTableViewRowActionBlock& block) { m_actionBlock = block; }
 

@@ -393,4 +393,66 @@ TEST_F(CellAccessoryTest, ActionsTakeNobodyForASender) {
     cell->accessoryButtonClicked(nullptr);
 }
 
+// The order of things
+
+namespace {
+
+/// Writes down what it is when it is told to make a view, and when it was laid out last.
+class WatchedCell : public ZRTableViewCell {
+public:
+    void createAccessoryViewWithType(std::int64_t type) override {
+        typeAtCreation = zrAccessoryType();
+        ZRTableViewCell::createAccessoryViewWithType(type);
+    }
+    void layoutSubviews() override {
+        ZRTableViewCell::layoutSubviews();
+        selectedAtLayout = checkBoxSelected();
+    }
+
+    std::int64_t typeAtCreation = -1;
+    bool selectedAtLayout = false;
+};
+
+/// Whether what a block holds is there after the block has replaced itself.
+template <class Setter, class Tap>
+bool outlivesItself(const Setter& setBlock, const Tap& tap) {
+    bool isThere = false;
+    const auto held = std::make_shared<int>(0);
+    std::weak_ptr<int> watched = held;
+    setBlock([&setBlock, &isThere, &watched, mine = std::shared_ptr<int>(held)] {
+        bool& result = isThere;
+        const std::weak_ptr<int>& holder = watched;
+        setBlock(nullptr);
+        result = holder.use_count() == 2;
+    });
+    tap();
+    return isThere;
+}
+
+} // namespace
+
+TEST_F(CellAccessoryTest, TheTypeIsStoredBeforeItsViewIsMade) {
+    const auto watched =
+        make<WatchedCell>(&UITableViewCell::initWithStyle_reuseIdentifier, UITableViewCellStyleDefault, nullptr);
+    watched->setZrAccessoryType(ZRAccessoryTypeListIcon);
+    EXPECT_EQ(watched->typeAtCreation, ZRAccessoryTypeListIcon);
+}
+
+TEST_F(CellAccessoryTest, ACheckMarkIsSetBeforeItsCellIsLaidOut) {
+    const auto watched =
+        make<WatchedCell>(&UITableViewCell::initWithStyle_reuseIdentifier, UITableViewCellStyleDefault, nullptr);
+    watched->setZrAccessoryType(ZRAccessoryTypeCheckMark);
+    EXPECT_TRUE(watched->selectedAtLayout);
+}
+
+TEST_F(CellAccessoryTest, BlocksMayReplaceThemselves) {
+    EXPECT_TRUE(outlivesItself([&](const std::function<void()>& block) { cell->setCellAccessoryButtonBlock(block); },
+                               [&] { cell->accessoryButtonClicked(nullptr); }));
+    EXPECT_TRUE(outlivesItself(
+        [&](const std::function<void()>& block) {
+            cell->setSwitchValueChangedBlock(block ? [block](bool) { block(); } : std::function<void(bool)>());
+        },
+        [&] { cell->switchButtonClicked(nullptr); }));
+}
+
 } // namespace zr::testing

@@ -92,6 +92,7 @@ TEST_F(CellLayoutTest, AnEmptyPlaceThatIsNotAtTheOriginIsTheCallersToo) {
     setIcon();
     EXPECT_EQ(cell->zrImageView()->frame(), CGRectMake(40, 0, 0, 0));
     EXPECT_EQ(title(), CGRectMake(55, 25, 285, 30));
+    EXPECT_EQ(line(), CGRectMake(40, 79.5, 320, 0.5)) << "with the icon's image, however narrow";
 }
 
 // Accessories
@@ -141,10 +142,10 @@ TEST_F(CellLayoutTest, AnAccessoryTextIsMeasuredWithin140Points) {
     EXPECT_LE(width, 140);
     EXPECT_GT(width, 120);
     EXPECT_EQ(title().size.width, 285 - width);
-    // By words.
-    cell->zrAccessoryLabel()->setText("Monday the first of all of the days");
+    // By words, and one line of them: the next one would be wider.
+    cell->zrAccessoryLabel()->setText("Hi Wwwwwwwwwwwwwwwwwwwwwwwwww");
     cell->layoutSubviews();
-    EXPECT_EQ(cell->zrAccessoryLabel()->frame().size.width, textWidth("Monday the first of"));
+    EXPECT_EQ(cell->zrAccessoryLabel()->frame().size.width, textWidth("Hi"));
 }
 
 TEST_F(CellLayoutTest, AnAccessoryTextIsMeasuredInItsOwnFont) {
@@ -226,6 +227,7 @@ TEST_F(CellLayoutTest, TextsAreAsWideAsTheCellLeavesThemWhateverTheContentView) 
     EXPECT_EQ(cell->zrAccessoryView()->frame(), CGRectMake(content - 60, 30, 50, 20));
     EXPECT_EQ(title(), CGRectMake(15, 8, 235, 30));
     EXPECT_EQ(detail(), CGRectMake(15, 35, 235, 44));
+    EXPECT_EQ(line(), CGRectMake(15, 79.5, 320, 0.5));
 }
 
 // Line

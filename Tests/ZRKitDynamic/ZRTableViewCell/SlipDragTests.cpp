@@ -97,6 +97,19 @@ TEST_F(SlipDrag, DirectionsAreThoseOfTheTable) {
     host.touchCancel();
 }
 
+TEST_F(SlipDrag, DirectionsAreNotThoseOfTheRow) {
+    cell(3)->setTransform(CGAffineTransformMakeRotation(M_PI_2));
+    const CGPoint start{kRest, middleOfRow(3)};
+    host.touchDown(start);
+    host.touchMove({start.x - 20, start.y});
+    EXPECT_EQ(pan(3)->state(), UIGestureRecognizerStateBegan);
+    host.touchCancel();
+    host.touchDown(start);
+    host.touchMove({start.x, start.y - 20});
+    EXPECT_EQ(pan(3)->state(), UIGestureRecognizerStateFailed);
+    host.touchCancel();
+}
+
 TEST_F(SlipDrag, LetsEveryOtherRecogniserBegin) {
     const auto tap = make<UITapGestureRecognizer>();
     const auto otherPan = make<UIPanGestureRecognizer>();
@@ -188,13 +201,12 @@ TEST_F(SlipDrag, ASpeedOfAFifthOfAPointGoesTogether) {
 }
 
 TEST_F(SlipDrag, SpeedCountsInTheRecognisersOwnView) {
-    // Turned by a quarter, what is vertical for the row is horizontal for the screen.
-    table->setTransform(CGAffineTransformMakeRotation(M_PI_2));
-    host.advance(0);
-    const CGPoint start = cell(3)->convertPoint_toView({200, 30}, nullptr);
+    // Turned by an eighth, what is diagonal for the table is horizontal for the row.
+    cell(3)->setTransform(CGAffineTransformMakeRotation(M_PI_4));
+    const CGPoint start{kRest, middleOfRow(3)};
     host.touchDown(start);
-    host.touchMove({start.x, start.y - 40}, 0.1);
-    ASSERT_GT(std::abs(pan(3)->velocityInView(nullptr).y), 100);
+    host.touchMove({start.x - 40, start.y - 40}, 0.1);
+    ASSERT_GT(std::abs(pan(3)->velocityInView(table).y), 100);
     EXPECT_TRUE(cell(3)->gestureRecognizer_shouldRecognizeSimultaneouslyWithGestureRecognizer(pan(3), nullptr));
     host.touchCancel();
 }
@@ -387,6 +399,7 @@ TEST_F(SlipDrag, TheDragAfterACancelledOneTakesThatForThePlaceOfRest) {
     EXPECT_EQ(cell(3)->stripX(), 250) << "beyond the strip it is at the edge all the same";
     drag(20);
     letGo();
+    EXPECT_EQ(cell(3)->stripX(), 2 * rest + 70) << "as far from the content as it can be seen to go";
     settle();
     EXPECT_EQ(cell(3)->contentX(), rest);
     EXPECT_EQ(cell(3)->strip(), nullptr);

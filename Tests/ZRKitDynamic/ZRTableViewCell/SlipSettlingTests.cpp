@@ -85,6 +85,19 @@ TEST_F(SlipSettling, ARowThatMayNotBeSwipedAnyMoreStaysWhereItIs) {
     EXPECT_TRUE(table->isScrollEnabled());
 }
 
+TEST_F(SlipSettling, AStripWithoutButtonsKeepsTheWidthThatCounts) {
+    giveActions({action(70)});
+    swipe(3, 60);
+    settle();
+    giveActions({});
+    swipe(3, 60);
+    host.advance(1);
+    expectClosed(3);
+    swipe(3, 71);
+    host.advance(1);
+    EXPECT_TRUE(table->zrIsSwipped());
+}
+
 // Opening
 
 TEST_F(SlipSettling, OpensWithinAFifthOfASecond) {

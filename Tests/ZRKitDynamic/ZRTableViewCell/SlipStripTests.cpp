@@ -53,7 +53,7 @@ TEST_F(SlipStrip, BeginsJustBeyondTheRightEdgeOfTheCell) {
     const UIView* strip = build(1, {action(80), action(80), action(80)});
     EXPECT_EQ(strip->frame(), CGRectMake(320, 0, 240, kRowHeight));
     EXPECT_EQ(strip->superview(), cell(1));
-    EXPECT_EQ(rgba(strip->backgroundColor()), kClear);
+    EXPECT_EQ(strip->backgroundColor(), UIColor::clearColor());
 }
 
 TEST_F(SlipStrip, HasAButtonForEachActionInTheirOrder) {
@@ -65,6 +65,26 @@ TEST_F(SlipStrip, HasAButtonForEachActionInTheirOrder) {
         EXPECT_EQ(cell(1)->button(i)->action(), cell(1)->titleList()[i]);
         EXPECT_EQ(cell(1)->button(i)->titleForState(UIControlStateNormal), cell(1)->titleList()[i]->title());
     }
+}
+
+TEST_F(SlipStrip, IsBehindTheCellsEdgeAndOpensToTheContents) {
+    // The platform's accessory makes the content narrower than its cell.
+    cell(1)->setAccessoryType(UITableViewCellAccessoryDisclosureIndicator);
+    host.advance(0);
+    const CGFloat content = cell(1)->contentView()->frame().size.width;
+    ASSERT_LT(content, 300);
+    EXPECT_EQ(cell(1)->zrEditingView()->frame(), CGRectMake(320, 0, 140, kRowHeight));
+    cell(1)->resetSwipButton();
+    swipeOpen(1);
+    EXPECT_EQ(cell(1)->contentX(), content / 2 - 140);
+    EXPECT_EQ(cell(1)->stripX(), content - 70);
+}
+
+TEST_F(SlipStrip, ItsActionsAreAKey) {
+    const Actions given{action(50), action(60)};
+    cell(1)->setValue_forKey(NSValue::valueWithStructure(given), "titleList");
+    EXPECT_EQ(cell(1)->titleList(), given);
+    EXPECT_EQ(cell(1)->valueForKey("titleList").as<Actions>(), given);
 }
 
 TEST_F(SlipStrip, ButtonsLookAsTheirActionsSay) {
