@@ -48,6 +48,13 @@ TEST_F(Wheels, PartsOfAPixelAddUp) {
     EXPECT_EQ(view->contentOffset(), CGPointMake(0, 2));
 }
 
+TEST_F(Wheels, APartOfAPixelIsForgottenWhenCodeMovesTheContent) {
+    host.wheel({150, 300}, {0, 0.2});
+    view->setContentOffset(CGPointMake(0, 100));
+    host.wheel({150, 300}, {0, 0.2});
+    EXPECT_EQ(view->contentOffset(), CGPointMake(0, 100));
+}
+
 TEST_F(Wheels, AnInnerViewGoesFirstAndThenTheOuterOne) {
     const auto inner = addScrollView(view, CGRectMake(0, 0, 200, 300), CGSizeMake(200, 350));
     EXPECT_TRUE(host.wheel({150, 200}, {0, 80}));

@@ -282,6 +282,15 @@ TEST_F(ScrollViews, AnAnimationBlockScrollsWithItsOwnPace) {
 
 // Changes while it decelerates
 
+TEST_F(ScrollViews, AnAnimatedChangeBeginsWhereAnAnimationBlockIsSeenToBe) {
+    UIView::animateWithDuration_animations(1, [&] { view->setContentOffset(CGPointMake(0, 300)); });
+    host.advance(0.5);
+    view->setContentOffset_animated(CGPointZero, true);
+    EXPECT_EQ(view->contentOffset(), CGPointMake(0, 150));
+    host.advance(0.3);
+    EXPECT_EQ(view->contentOffset(), CGPointZero);
+}
+
 TEST_F(ScrollViews, ADecelerationGoesOnFromAnotherOffset) {
     view->setContentSize(CGSizeMake(200, 5000));
     drag({150, 450}, {0, -60});

@@ -230,6 +230,15 @@ TEST_F(Cell, LabelsShowTheirHighlightedColours) {
     EXPECT_FALSE(cell->textLabel()->isHighlighted());
 }
 
+TEST_F(Cell, AnImageShowsThatItsCellIsHighlighted) {
+    const auto cell = show(UITableViewCellStyleDefault);
+    const UIImageView* image = cell->imageView();
+    cell->setHighlighted_animated(true, false);
+    EXPECT_TRUE(image->isHighlighted());
+    cell->setHighlighted_animated(false, false);
+    EXPECT_FALSE(image->isHighlighted());
+}
+
 TEST_F(Cell, WhoeverMovesTheContentViewHasItToHimself) {
     const auto cell = show(UITableViewCellStyleDefault);
     cell->contentView()->setCenter({60, 22});

@@ -331,6 +331,20 @@ TEST_F(Table, ScrollsToRows) {
     EXPECT_EQ(offsetAfter(500, UITableViewScrollPositionTop), 0) << "no such row";
 }
 
+TEST_F(Table, ScrollsToRowsBetweenTheInsets) {
+    list->fill(100);
+    showTable();
+    table->setContentInset({64, 0, 50, 0});
+    const auto offsetAfter = [&](NSInteger row, UITableViewScrollPosition position) {
+        table->scrollToRowAtIndexPath_atScrollPosition_animated(rowPath(0, row), position, false);
+        return table->contentOffset().y;
+    };
+    EXPECT_EQ(offsetAfter(50, UITableViewScrollPositionTop), 44 * 50 - 64);
+    EXPECT_EQ(offsetAfter(50, UITableViewScrollPositionBottom), 44 * 51 - 480 + 50);
+    EXPECT_EQ(offsetAfter(0, UITableViewScrollPositionTop), -64);
+    EXPECT_EQ(offsetAfter(99, UITableViewScrollPositionTop), 4400 - 480 + 50);
+}
+
 TEST_F(Table, RegisteredClassesAndWaitingCells) {
     list->fill(3);
     showTable();
@@ -341,6 +355,9 @@ TEST_F(Table, RegisteredClassesAndWaitingCells) {
     EXPECT_EQ(cell->reuseIdentifier(), NSString("other"));
     EXPECT_EQ(table->dequeueReusableCellWithIdentifier_forIndexPath("other", rowPath(0, 2))->frame(),
               CGRectMake(0, 88, 320, 44));
+    const CGRect own = table->dequeueReusableCellWithIdentifier("other")->frame();
+    for (const NSIndexPath& nowhere : {rowPath(0, 3), rowPath(9, 0), NSIndexPath()})
+        EXPECT_EQ(table->dequeueReusableCellWithIdentifier_forIndexPath("other", nowhere)->frame(), own);
 }
 
 TEST_F(Table, TellsWhatComesIntoSightAndWhatHasLeft) {
