@@ -45,6 +45,9 @@ void addOptions(CLI::App& app, Arguments& arguments, CommandLine& options) {
     auto* snapshot = app.add_option("--snapshot", options.snapshotPath,
                                     "Without a window: write the picture of the page, or of the list, to this file");
     snapshot->type_name("FILE.png")->excludes(render)->excludes(script);
+    auto* overview = app.add_option("--overview", options.overviewPath,
+                                    "Without a window: write the list and some of the pages side by side to this file");
+    overview->type_name("FILE.png")->excludes(render)->excludes(script)->excludes(snapshot);
 }
 
 /// What is wrong with the arguments; empty when nothing is.

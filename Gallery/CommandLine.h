@@ -19,10 +19,11 @@ struct CommandLine {
     /// Of the window: desktop pixels a point, and a line for each frame on standard error.
     std::optional<double> windowScale;
     bool frameLog = false;
-    /// Folder and files; empty when not asked for. At most one of the three is given.
+    /// Folder and files; empty when not asked for. At most one of the four is given.
     std::string renderFolder;
     std::string scriptPath;
     std::string snapshotPath;
+    std::string overviewPath;
 };
 
 /// The parsed arguments, or the program's exit code: 0 once the help was printed, 2 for arguments that make no sense,

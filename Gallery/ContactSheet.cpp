@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace zr::gallery {
 
@@ -75,22 +76,44 @@ void drawEntry(const ContactSheetEntry& entry, CGRect place, CGFloat scale) {
                 Look::detailColor());
 }
 
+/// What `draw` draws, on the ground of a page.
+Ref<CGImage> drawSheet(CGSize size, CGFloat scale, const std::function<void()>& draw) {
+    UIGraphicsBeginImageContextWithOptions(size, true, scale);
+    CGContextSetInterpolationQuality(UIGraphicsGetCurrentContext(), kCGInterpolationHigh);
+    Look::pageColor()->setFill();
+    UIRectFill(CGRectMake(0, 0, size.width, size.height));
+    draw();
+    const Ref<UIImage> sheet = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    return sheet ? sheet->CGImage() : nullptr;
+}
+
 } // namespace
 
 Ref<CGImage> drawContactSheet(const std::vector<ContactSheetEntry>& entries, CGFloat scale) {
     if (entries.empty())
         return nullptr;
     const SheetGeometry geometry = calculateGeometry(entries.size(), entries.front().picture);
-    const CGSize size = geometry.size();
-    UIGraphicsBeginImageContextWithOptions(size, true, scale);
-    CGContextSetInterpolationQuality(UIGraphicsGetCurrentContext(), kCGInterpolationHigh);
-    Look::pageColor()->setFill();
-    UIRectFill(CGRectMake(0, 0, size.width, size.height));
-    for (std::size_t i = 0; i < entries.size(); ++i)
-        drawEntry(entries[i], geometry.picture(i), scale);
-    const Ref<UIImage> sheet = UIGraphicsGetImageFromCurrentImageContext();
-    UIGraphicsEndImageContext();
-    return sheet ? sheet->CGImage() : nullptr;
+    return drawSheet(geometry.size(), scale, [&] {
+        for (std::size_t i = 0; i < entries.size(); ++i)
+            drawEntry(entries[i], geometry.picture(i), scale);
+    });
+}
+
+Ref<CGImage> drawSideBySide(const std::vector<Ref<CGImage>>& pictures) {
+    if (pictures.empty())
+        return nullptr;
+    constexpr CGFloat kWidth = 225, kHeight = 400, kEdge = 10, kSpace = 20;
+    const auto count = static_cast<CGFloat>(pictures.size());
+    const CGSize size = CGSizeMake(2 * kEdge + count * (kWidth + kSpace) - kSpace, 2 * kEdge + kHeight);
+    return drawSheet(size, 1, [&] {
+        CGFloat x = kEdge;
+        for (const Ref<CGImage>& picture : pictures) {
+            const CGRect place = CGRectMake(x, kEdge, kWidth, kHeight);
+            UIImage::imageWithCGImage(picture)->drawInRect(fittedRect(picture, place));
+            x += kWidth + kSpace;
+        }
+    });
 }
 
 } // namespace zr::gallery

@@ -19,4 +19,7 @@ struct ContactSheetEntry {
 /// Nil without entries.
 Ref<CGImage> drawContactSheet(const std::vector<ContactSheetEntry>& entries, CGFloat scale);
 
+/// The pictures in a row, each made 225 x 400 points, a pixel a point. Nil without pictures.
+Ref<CGImage> drawSideBySide(const std::vector<Ref<CGImage>>& pictures);
+
 } // namespace zr::gallery

@@ -96,4 +96,13 @@ int writeSnapshot(const CommandLine& options) {
     return 0;
 }
 
+int writeOverview(const CommandLine& options) {
+    std::vector<Ref<CGImage>> pictures{pictureOfPage(options, nullptr)};
+    for (const char* name : {"alert-checkbox", "list-swipe", "hud-ring", "button-light", "switch"})
+        pictures.push_back(pictureOfPage(options, pageNamed(name)));
+    if (!writePicture(drawSideBySide(pictures), options.overviewPath))
+        return fail(cannotWrite(options.overviewPath));
+    return 0;
+}
+
 } // namespace zr::gallery

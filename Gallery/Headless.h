@@ -9,6 +9,7 @@ namespace zr::gallery {
 int renderPages(const CommandLine& options);
 int playScript(const CommandLine& options);
 int writeSnapshot(const CommandLine& options);
+int writeOverview(const CommandLine& options);
 /// @}
 
 } // namespace zr::gallery

@@ -90,5 +90,7 @@ int main(int argc, char** argv) {
         return playScript(options);
     if (!options.snapshotPath.empty())
         return writeSnapshot(options);
+    if (!options.overviewPath.empty())
+        return writeOverview(options);
     return openWindow(options);
 }

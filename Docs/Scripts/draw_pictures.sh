@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # draw_pictures.sh GALLERY FOLDER: draws the documents' pictures with that gallery program: a contact sheet of all pages,
-# and what each script beside this file asks for on the page that it is named after. The clock of a script is a manual
+# an overview, and what each script beside this file asks for on the page that it is named after. The clock of a script is a manual
 # one, so a second run writes the same bytes.
 set -euo pipefail
 gallery=$(realpath "$1")
@@ -19,3 +19,4 @@ trap 'rm -rf "$pages"' EXIT
 # Half a pixel a point: the sheet is for looking over.
 "$gallery" --device 375x667@0.5 --render "$pages" >"$pages/log"
 mv "$pages/contact-sheet.png" .
+"$gallery" --overview overview.png >"$pages/log"

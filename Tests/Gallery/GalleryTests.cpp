@@ -178,6 +178,21 @@ TEST(Gallery, RenderWritesThePagesTheListAndTheContactSheet) {
     EXPECT_GE(colorCount(sheet->CGImage()), 50u);
 }
 
+TEST(Gallery, AnOverviewShowsTheListAndFivePages) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(runGallery({"--overview", folder.path("overview.png")}).exitCode, 0);
+    const Ref<UIImage> overview = UIImage::imageWithContentsOfFile(folder.path("overview.png"));
+    ASSERT_TRUE(overview);
+    EXPECT_EQ(overview->CGImage()->width(), 1470u);
+    EXPECT_EQ(overview->CGImage()->height(), 420u);
+    // The bars: the second one lies under the dimmed screen of an alert. Between the screens there is the ground.
+    EXPECT_EQ(pixelAt(overview, 122, 14), 0xff00c340u);
+    EXPECT_LT(pixelAt(overview, 367, 14), 0xff00a040u);
+    EXPECT_EQ(pixelAt(overview, 1347, 14), 0xff00c340u);
+    EXPECT_EQ(pixelAt(overview, 245, 200), pixelAt(overview, 2, 2));
+    EXPECT_EQ(runGallery({"--overview", folder.path("no/such/folder/o.png")}).exitCode, 2);
+}
+
 TEST(Gallery, RenderingTwiceGivesTheSamePictures) {
     const TemporaryFolder folder;
     for (const char* name : {"alert-progress", "alert-rotation", "toast-spinning", "hud-spinner", "hud-shrink",
