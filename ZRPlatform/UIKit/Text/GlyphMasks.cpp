@@ -25,18 +25,10 @@ struct PixelBox {
 
 int pixelOf(double place) { return static_cast<int>(std::clamp(place, -kFurthest, kFurthest)); }
 
-/// The pixels that the context's path touches.
-PixelBox pixelsOfPath(cairo_t* cairo) {
+/// The pixels that a box in user space, which `extents` tells, touches.
+PixelBox pixelsOf(cairo_t* cairo, void (*extents)(cairo_t*, double*, double*, double*, double*)) {
     double left, top, right, bottom;
-    cairo_path_extents(cairo, &left, &top, &right, &bottom);
-    cairo_user_to_device(cairo, &left, &top);
-    cairo_user_to_device(cairo, &right, &bottom);
-    return {pixelOf(std::floor(left)), pixelOf(std::floor(top)), pixelOf(std::ceil(right)), pixelOf(std::ceil(bottom))};
-}
-
-PixelBox pixelsOfClip(cairo_t* cairo) {
-    double left, top, right, bottom;
-    cairo_clip_extents(cairo, &left, &top, &right, &bottom);
+    extents(cairo, &left, &top, &right, &bottom);
     cairo_user_to_device(cairo, &left, &top);
     cairo_user_to_device(cairo, &right, &bottom);
     return {pixelOf(std::floor(left)), pixelOf(std::floor(top)), pixelOf(std::ceil(right)), pixelOf(std::ceil(bottom))};
@@ -163,7 +155,7 @@ const void* GlyphMasks::mask(Face& face, PangoGlyph glyph, int phaseX, int phase
 const void* GlyphMasks::makeMask(Face& face, PangoGlyph glyph, int phaseX, int phaseY, void* key) {
     const double x = double(phaseX) / kPhases, y = double(phaseY) / kPhases;
     cairo_t* measured = face.shape(face.nowhere, glyph, x, y);
-    PixelBox box = pixelsOfPath(measured);
+    PixelBox box = pixelsOf(measured, &cairo_path_extents);
     cairo_destroy(measured);
     if (box.isEmpty())
         box = {0, 0, 1, 1}; // a space
@@ -185,7 +177,7 @@ const void* GlyphMasks::makeMask(Face& face, PangoGlyph glyph, int phaseX, int p
 void GlyphMasks::paint(cairo_t* cairo) {
     pixman_box32_t extents;
     pixman_glyph_get_extents(m_cache, static_cast<int>(m_placed.size()), m_placed.data(), &extents);
-    const PixelBox clip = pixelsOfClip(cairo);
+    const PixelBox clip = pixelsOf(cairo, &cairo_clip_extents);
     const PixelBox box{std::max(extents.x1, clip.left), std::max(extents.y1, clip.top),
                        std::min(extents.x2, clip.right), std::min(extents.y2, clip.bottom)};
     if (m_placed.empty() || box.isEmpty())
