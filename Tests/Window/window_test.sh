@@ -91,8 +91,8 @@ ScrollsWithWheels() {
     expect_silence 2
 }
 
-SleepsWhenNothingMoves() {
-    start_probe
+# Sleeps, lights up at a click, and sleeps again.
+expect_sleep_around_a_click() {
     expect_rest
     expect_silence 2
     click 150 130
@@ -101,15 +101,15 @@ SleepsWhenNothingMoves() {
     expect_silence 2
 }
 
+SleepsWhenNothingMoves() {
+    start_probe
+    expect_sleep_around_a_click
+}
+
 # The circle under the finger fades, and takes the marks of the frames along.
 SleepsWithDebugAidsToo() {
     start_probe --slow 3 --show touches,borders,damage,times
-    expect_rest
-    expect_silence 2
-    click 150 130
-    expect lit
-    expect_rest
-    expect_silence 2
+    expect_sleep_around_a_click
 }
 
 EndsWhenItsWindowCloses() {
