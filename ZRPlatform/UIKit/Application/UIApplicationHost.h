@@ -19,8 +19,9 @@ public:
     virtual void textInputChanged(bool active, CGRect caret) = 0;
     /// Ends the application, as the user does who closes its window, once what runs now has returned. Main thread.
     virtual void close() = 0;
-    /// From now on a second of the application's clock takes so many real ones; at least 1. Main thread.
-    virtual void setSlowMotion(int factor) = 0;
+    /// From now on a second of the application's clock takes so many real ones; at least 1. Main thread. A host that
+    /// has no slow motion does nothing, as it is here.
+    virtual void setSlowMotion(int /*factor*/) {}
     /// Of the surroundings, as far as they have one; nil when it holds no text.
     virtual NSString clipboardText() const = 0;
     virtual void setClipboardText(const NSString& text) = 0;
