@@ -8,33 +8,26 @@ namespace zr::gallery {
 
 namespace {
 
-/// As given, before they are understood.
-struct Arguments {
-    std::string page;
-    std::string device;
-    std::string systemVersion;
-    std::string show;
-};
+/// What `windowOptionsFromArguments` reads; here for the help, and so that they are known.
+void addWindowOptions(CLI::App& app) {
+    const auto add = [&app](const char* name, const char* type, const char* description) {
+        app.add_option(name)->description(description)->type_name(type);
+    };
+    add("--device", "WxH@S", "Screen in points and pixels a point; 375x667@2 unless given");
+    add("--system-version", "N.N", "What the device says it runs; 8.4 unless given");
+    add("--slow", "N", "Slow motion: seconds that one of animations and timers takes");
+    add("--show", "LIST",
+        "Show how things work, with some of these: touches, borders (of layers), damage (what a frame repainted), "
+        "times "
+        "(of frames); separated by commas");
+    add("--window-scale", "N", "Desktop pixels a point; what fits unless given");
+    app.add_flag("--frame-log")->description("Report each frame of the window on standard error");
+}
 
-void addOptions(CLI::App& app, Arguments& arguments, CommandLine& options) {
+void addOptions(CLI::App& app, std::string& page, CommandLine& options) {
     app.add_flag("--list", options.list, "Print the names of the pages");
-    app.add_option("--page", arguments.page, "Open this page and show its component")->type_name("NAME");
-    app.add_option("--device", arguments.device, "Screen in points and pixels a point; 375x667@2 unless given")
-        ->type_name("WxH@S");
-    app.add_option("--system-version", arguments.systemVersion, "What the device says it runs; 8.4 unless given")
-        ->type_name("N.N");
-    app.add_option("--slow", options.debugAids.slowMotion,
-                   "Slow motion: seconds that one of animations and timers takes")
-        ->check(CLI::Range(1, DebugAids::slowestMotion))
-        ->type_name("N");
-    app.add_option("--show", arguments.show,
-                   "Show how things work, with some of these: touches, borders (of layers), damage (what a frame "
-                   "repainted), times (of frames); separated by commas")
-        ->type_name("LIST");
-    app.add_option("--window-scale", options.windowScale, "Desktop pixels a point; what fits unless given")
-        ->check(CLI::Range(0.5, 8.0))
-        ->type_name("N");
-    app.add_flag("--frame-log", options.frameLog, "Report each frame of the window on standard error");
+    app.add_option("--page", page, "Open this page and show its component")->type_name("NAME");
+    addWindowOptions(app);
     auto* render =
         app.add_option("--render", options.renderFolder,
                        "Without a window: render each page, or the one given, to FOLDER/NAME.png, and all of them to "
@@ -50,29 +43,6 @@ void addOptions(CLI::App& app, Arguments& arguments, CommandLine& options) {
     overview->type_name("FILE.png")->excludes(render)->excludes(script)->excludes(snapshot);
 }
 
-/// What is wrong with the arguments; empty when nothing is.
-std::string understand(const Arguments& arguments, CommandLine& options) {
-    if (!arguments.page.empty()) {
-        options.page = pageNamed(arguments.page);
-        if (!options.page)
-            return "there is no page \"" + arguments.page + "\"; --list names them";
-    }
-    if (!arguments.device.empty()) {
-        const auto profile = DeviceProfile::profileWithDescription(arguments.device);
-        if (!profile)
-            return "\"" + arguments.device + "\" is no device; write it like 375x667@2";
-        options.profile = *profile;
-    }
-    if (!arguments.show.empty() && !options.debugAids.show(arguments.show))
-        return "\"" + arguments.show + "\" cannot be shown; write it like touches,borders,damage,times";
-    if (!arguments.systemVersion.empty()) {
-        if (NSString(arguments.systemVersion).intValue() <= 0)
-            return "\"" + arguments.systemVersion + "\" is no system version; write it like 8.4";
-        options.profile.systemVersion = arguments.systemVersion;
-    }
-    return "";
-}
-
 } // namespace
 
 int fail(const std::string& message) {
@@ -82,10 +52,11 @@ int fail(const std::string& message) {
 
 ParsedCommandLine parseCommandLine(int argc, char** argv) {
     ParsedCommandLine parsed;
-    Arguments arguments;
+    CommandLine& options = parsed.options;
+    std::string page;
     CLI::App app("Every component of the kit, live. Without arguments, a window with a list of pages opens.",
                  "zr_gallery");
-    addOptions(app, arguments, parsed.options);
+    addOptions(app, page, options);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
@@ -96,8 +67,17 @@ ParsedCommandLine parseCommandLine(int argc, char** argv) {
         parsed.exitCode = fail(error.what());
         return parsed;
     }
-    if (const std::string mistake = understand(arguments, parsed.options); !mistake.empty())
-        parsed.exitCode = fail(mistake);
+    std::string error;
+    const auto window = windowOptionsFromArguments(argc, argv, error);
+    if (!window) {
+        parsed.exitCode = fail(error);
+        return parsed;
+    }
+    options.window = *window;
+    options.window.title = "Gallery";
+    options.page = pageNamed(page);
+    if (!page.empty() && !options.page)
+        parsed.exitCode = fail("there is no page \"" + page + "\"; --list names them");
     return parsed;
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <Gallery/Pages/Page.h>
-#include <ZRPlatform/UIKit/Application/DebugAids.h>
-#include <ZRPlatform/UIKit/Application/UIDevice.h>
+#include <ZRPlatform/Hosts/Window/RunInWindow.h>
 
 #include <optional>
 #include <string>
@@ -11,14 +10,11 @@ namespace zr::gallery {
 
 /// What the program was asked to do.
 struct CommandLine {
-    DeviceProfile profile;
-    DebugAids debugAids;
+    /// What every application takes; profile and debugging aids without a window too.
+    WindowOptions window;
     /// Null: the list.
     const Page* page = nullptr;
     bool list = false;
-    /// Of the window: desktop pixels a point, and a line for each frame on standard error.
-    std::optional<double> windowScale;
-    bool frameLog = false;
     /// Folder and files; empty when not asked for. At most one of the four is given.
     std::string renderFolder;
     std::string scriptPath;

@@ -16,13 +16,13 @@ namespace zr::gallery {
 namespace {
 
 void launch(HeadlessHost& host, const CommandLine& options, const Page* page) {
-    host.application()->setDebugAids(options.debugAids);
+    host.application()->setDebugAids(options.window.debugAids);
     host.launch(make<GalleryApplication>(&GalleryApplication::initWithPage, page));
 }
 
 /// The screen at the page's time; the list for a null page.
 Ref<CGImage> pictureOfPage(const CommandLine& options, const Page* page) {
-    HeadlessHost host(options.profile);
+    HeadlessHost host(options.window.profile);
     launch(host, options, page);
     host.advance(page ? page->pictureTime : 0);
     return host.snapshot();
@@ -68,7 +68,7 @@ int renderPages(const CommandLine& options) {
             return fail(cannotWrite(path));
     }
     const std::string path = options.renderFolder + "/contact-sheet.png";
-    if (!writePicture(drawContactSheet(entries, options.profile.scale), path))
+    if (!writePicture(drawContactSheet(entries, options.window.profile.scale), path))
         return fail(cannotWrite(path));
     return 0;
 }
@@ -83,7 +83,7 @@ int playScript(const CommandLine& options) {
     if (!script)
         return fail(options.scriptPath + ": " + error);
 
-    HeadlessHost host(options.profile);
+    HeadlessHost host(options.window.profile);
     launch(host, options, options.page);
     if (!script->run(host, error))
         return fail(options.scriptPath + ": " + error);

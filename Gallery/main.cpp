@@ -2,7 +2,6 @@
 #include <Gallery/GalleryApplication.h>
 #include <Gallery/Headless.h>
 #include <Gallery/Settings/SettingsScreen.h>
-#include <ZRPlatform/Hosts/Window/RunInWindow.h>
 
 #include <cstdio>
 #include <string>
@@ -21,7 +20,7 @@ int listPages() {
 }
 
 /// The arguments that open such a window.
-std::vector<std::string> argumentsFor(const CommandLine& options) {
+std::vector<std::string> argumentsFor(const WindowOptions& options) {
     const DeviceProfile& profile = options.profile;
     char device[64];
     std::snprintf(device, sizeof device, "%gx%g@%g", profile.screenSize.width, profile.screenSize.height,
@@ -45,7 +44,7 @@ std::vector<std::string> argumentsFor(const CommandLine& options) {
 
 /// Starts the program anew in the place of this one, as a device is chosen at the start of a program.
 int reopen(const CommandLine& options) {
-    std::vector<std::string> arguments = argumentsFor(options);
+    std::vector<std::string> arguments = argumentsFor(options.window);
     std::vector<char*> pointers;
     for (std::string& argument : arguments)
         pointers.push_back(argument.data());
@@ -55,23 +54,16 @@ int reopen(const CommandLine& options) {
 }
 
 int openWindow(const CommandLine& options) {
-    WindowOptions windowOptions;
-    windowOptions.profile = options.profile;
-    windowOptions.title = "Gallery";
-    windowOptions.windowScale = options.windowScale;
-    windowOptions.frameLog = options.frameLog;
-    windowOptions.debugAids = options.debugAids;
     std::optional<CommandLine> next;
-    const int status = runInWindow(windowOptions, [&](UIApplication* application) {
+    const int status = runInWindow(options.window, [&](UIApplication* application) {
         const auto gallery = make<GalleryApplication>(&GalleryApplication::initWithPage, options.page);
-        application->setDelegate(gallery);
         SettingsScreen::setReopenAction([&next, &options, application](const DeviceProfile& profile) {
             next = options;
-            next->profile = profile;
-            next->debugAids = application->debugAids();
+            next->window.profile = profile;
+            next->window.debugAids = application->debugAids();
             application->host()->close();
         });
-        return gallery->applicationDidFinishLaunching(application);
+        return application->launch(gallery);
     });
     return next ? reopen(*next) : status;
 }

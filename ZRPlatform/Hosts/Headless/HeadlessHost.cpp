@@ -3,7 +3,6 @@
 #include <ZRPlatform/Foundation/NSRunLoop.h>
 #include <ZRPlatform/Hosts/Headless/Internal/AnimationRecorder.h>
 #include <ZRPlatform/Hosts/Headless/ViewTreeDump.h>
-#include <ZRPlatform/Hosts/Internal/Launching.h>
 #include <ZRPlatform/QuartzCore/Layers/CATransaction.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>
 
@@ -43,7 +42,7 @@ HeadlessHost::HeadlessHost(const DeviceProfile& profile) {
 
 HeadlessHost::~HeadlessHost() {
     stopRecording();
-    terminateApplication(m_application);
+    m_application->terminate();
     // What still waits may speak of things that are gone already, so it is dropped, not run.
     NSRunLoop::mainRunLoop()->removeAll();
     m_application->setHost(nullptr);
@@ -56,7 +55,7 @@ HeadlessHost::~HeadlessHost() {
 }
 
 bool HeadlessHost::launch(UIApplicationDelegate* delegate) {
-    const bool launched = launchApplication(m_application, delegate);
+    const bool launched = m_application->launch(delegate);
     advance(0);
     return launched;
 }

@@ -94,11 +94,12 @@ public:
     bool pressKey(UIKey key, unsigned modifiers = 0);
     /// Control and 'a', 'c', 'v' or 'x'.
     bool clipboardKey(char letter);
-    /// Whether a text input has the focus, and where its caret is.
+    /// Whether a text input has the focus.
     bool isTextInputActive() const { return m_textInputActive; }
-    /// Whether the application has asked to be closed.
-    bool isClosed() const { return m_isClosed; }
+    /// Where the caret is, in points of the screen; the zero rectangle while no text input has the focus.
     CGRect caretRect() const { return m_caretRect; }
+    /// Whether the application has asked to be closed. Here that is for the test to judge: nothing ends.
+    bool isClosed() const { return m_isClosed; }
     /// @}
 
     /// Turns the device; the application may refuse to follow.

@@ -114,6 +114,8 @@ std::optional<WindowOptions> windowOptionsFromArguments(int argc, const char* co
         const char* value = reader.takeValue();
         if (!value || !option->read(value, options)) {
             error = std::string(option->name) + " needs " + option->needs;
+            if (value)
+                error += std::string(", not \"") + value + "\"";
             return std::nullopt;
         }
     }

@@ -10,7 +10,11 @@
 namespace zr {
 
 /// How an application shows in a window of the desktop.
-struct WindowOptions : HostOptions {
+struct WindowOptions {
+    DeviceProfile profile;
+    NSString title;
+    /// What is on from the start.
+    DebugAids debugAids;
     /// Desktop pixels a point, 0.5..8. Nothing chooses the profile's scale when such a window fits on the desktop, else
     /// the largest whole or half number that does. The application draws at this very scale, whatever the profile says:
     /// one pixel of the frame is one pixel of the desktop, so what shows is always sharp.

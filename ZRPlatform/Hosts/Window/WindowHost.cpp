@@ -1,7 +1,6 @@
 #include <ZRPlatform/Hosts/Window/Internal/WindowHost.h>
 
 #include <ZRPlatform/Foundation/NSRunLoop.h>
-#include <ZRPlatform/Hosts/Internal/Launching.h>
 
 #include <algorithm>
 #include <iostream>
@@ -42,7 +41,7 @@ WindowHost::WindowHost(std::unique_ptr<DesktopWindow> window, const WindowOption
 }
 
 WindowHost::~WindowHost() {
-    terminateApplication(m_application);
+    m_application->terminate();
     NSRunLoop::mainRunLoop()->setWakeHandler({});
     NSRunLoop::mainRunLoop()->removeAll();
     m_application->setHost(nullptr);

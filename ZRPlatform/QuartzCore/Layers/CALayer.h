@@ -192,7 +192,6 @@ private:
 
     template <class T>
     void change(const char* key, T LayerValues::*member, const T& value);
-    void contentsChanged();
     RunningAnimation* find(const CAAnimation* animation);
     std::optional<RunningAnimation> takeAnimation(const NSString& key);
     void startAnimations(NSTimeInterval now);

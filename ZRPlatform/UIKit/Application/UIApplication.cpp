@@ -60,6 +60,20 @@ void UIApplication::setHost(UIApplicationHost* host) {
     CATransaction::setFrameHandler(host ? std::function<void()>([host] { host->wake(); }) : nullptr);
 }
 
+bool UIApplication::launch(UIApplicationDelegate* delegate) {
+    m_delegate = delegate;
+    if (!delegate || !delegate->applicationDidFinishLaunching(this))
+        return false;
+    NSNotificationCenter::defaultCenter()->postNotificationName_object(UIApplicationDidFinishLaunchingNotification,
+                                                                       this);
+    return true;
+}
+
+void UIApplication::terminate() {
+    if (const Ref<UIApplicationDelegate> delegate = m_delegate)
+        delegate->applicationWillTerminate(this);
+}
+
 // Windows
 
 std::vector<UIWindow*> UIApplication::windows() const { return m_windows; }

@@ -27,7 +27,7 @@ namespace zr {
 class UIApplication;
 class UITouch;
 
-/// Posted by the application: after its delegate has started it, and after the device has turned.
+/// Posted by the application after its delegate has started it.
 inline constexpr const char* UIApplicationDidFinishLaunchingNotification =
     "UIApplicationDidFinishLaunchingNotification";
 /// After the screen has turned.
@@ -71,7 +71,7 @@ public:
     /// Takes the views off the windows that are still shown.
     ~UIApplication() override;
 
-    /// Kept, unlike other delegates.
+    /// Kept, unlike other delegates. `launch` sets it.
     UIApplicationDelegate* delegate() const { return m_delegate; }
     void setDelegate(UIApplicationDelegate* delegate) { m_delegate = delegate; }
     /// Visible windows, lowest first.
@@ -128,6 +128,11 @@ public:
     /// Not kept; null when the host goes.
     UIApplicationHost* host() const { return m_host; }
     void setHost(UIApplicationHost* host);
+    /// Makes `delegate` the application's, lets it start, and posts `UIApplicationDidFinishLaunchingNotification`.
+    /// False when it refuses, or is nil.
+    bool launch(UIApplicationDelegate* delegate);
+    /// Tells the delegate, if there is one, that the end has come. The application lets go of it as it goes.
+    void terminate();
     /// One finger: `identifier` tells fingers apart, the place is in points of the screen.
     void touchBegan(std::int64_t identifier, CGPoint location);
     void touchMoved(std::int64_t identifier, CGPoint location);
@@ -207,15 +212,6 @@ private:
     std::unique_ptr<FrameTimes> m_frameTimes;
     int m_ignoringInteractionEvents = 0;
     bool m_sendingKey = false;
-};
-
-/// What a program's command line asks of its host.
-struct HostOptions {
-    DeviceProfile profile;
-    /// The window's title.
-    NSString title;
-    /// What is on from the start.
-    DebugAids debugAids;
 };
 
 /// Opens a window, makes the delegate, and runs until the window is closed. Returns the program's exit code; 1, with a

@@ -1,5 +1,6 @@
 #include <Tests/ZRPlatform/UIKit/Hosts/HostFixtures.h>
 
+#include <ZRPlatform/Foundation/NSNotificationCenter.h>
 #include <ZRPlatform/Foundation/NSRunLoop.h>
 #include <ZRPlatform/UIKit/Controls/UITextField.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>
@@ -38,6 +39,13 @@ public:
 
     std::vector<std::string>* diary = nullptr;
     bool starts = true;
+};
+
+class LaunchObserver : public NSObject {
+public:
+    void launched() { diary->push_back("told"); }
+
+    std::vector<std::string>* diary = nullptr;
 };
 
 /// Frames of one fixed performance, at odd moments.
@@ -338,6 +346,29 @@ TEST(HeadlessHost, LaunchingStartsTheDelegateAndTheEndTellsIt) {
     delegate->starts = false;
     EXPECT_FALSE(host.launch(delegate));
     EXPECT_FALSE(host.launch(nullptr));
+}
+
+TEST(HeadlessHost, WhoeverWaitsForTheLaunchIsToldOnceTheDelegateHasStarted) {
+    std::vector<std::string> diary;
+    const auto delegate = make<StartingDelegate>();
+    delegate->diary = &diary;
+    const auto observer = make<LaunchObserver>();
+    observer->diary = &diary;
+    NSNotificationCenter::defaultCenter()->addObserver_selector_name_object(
+        observer, selector<&LaunchObserver::launched>, UIApplicationDidFinishLaunchingNotification, nullptr);
+    HeadlessHost host;
+    delegate->starts = false;
+    host.launch(delegate);
+    delegate->starts = true;
+    host.launch(delegate);
+    EXPECT_THAT(diary, ElementsAre("start", "start", "told"));
+}
+
+TEST(HeadlessHost, AnApplicationThatClosesItselfIsSeen) {
+    HeadlessHost host;
+    EXPECT_FALSE(host.isClosed());
+    UIApplication::sharedApplication()->host()->close();
+    EXPECT_TRUE(host.isClosed());
 }
 
 TEST(HeadlessHost, AHostLeavesNothingToTheNextOne) {

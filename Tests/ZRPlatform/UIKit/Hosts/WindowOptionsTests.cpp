@@ -22,6 +22,9 @@ std::string mistakeIn(std::vector<const char*> arguments) {
     return error;
 }
 
+/// How a message ends that tells what was given.
+std::string instead(const std::string& value) { return ", not \"" + value + "\""; }
+
 } // namespace
 
 TEST(WindowOptions, WithoutArgumentsAreTheDefaultDeviceAndTheProgramsName) {
@@ -52,9 +55,9 @@ TEST(WindowOptions, SwitchDebugAidsOn) {
     ASSERT_TRUE(options);
     EXPECT_EQ(options->debugAids, (DebugAids{.slowMotion = 10, .showsTouches = true, .showsFrameTimes = true}));
     for (const char* factor : {"0", "-4", "1.5", "4x", "", "1001", "99999999999"})
-        EXPECT_EQ(mistakeIn({"--slow", factor}), "--slow needs a whole number from 1 to 1000") << factor;
+        EXPECT_EQ(mistakeIn({"--slow", factor}), "--slow needs a whole number from 1 to 1000" + instead(factor));
     for (const char* names : {"", "touch", "touches,"})
-        EXPECT_EQ(mistakeIn({"--show", names}), "--show needs some of touches,borders,damage,times") << names;
+        EXPECT_EQ(mistakeIn({"--show", names}), "--show needs some of touches,borders,damage,times" + instead(names));
 }
 
 TEST(WindowOptions, TheOrderDoesNotMatter) {
@@ -72,14 +75,14 @@ TEST(WindowOptions, LeaveOtherArgumentsToTheApplication) {
 TEST(WindowOptions, SayWhatIsMissingOrWrong) {
     const std::string device = "--device needs a screen such as 375x667@2";
     EXPECT_EQ(mistakeIn({"--device"}), device);
-    EXPECT_EQ(mistakeIn({"--device", "375"}), device);
-    EXPECT_EQ(mistakeIn({"--device=0x0@2"}), device);
+    EXPECT_EQ(mistakeIn({"--device", "375"}), device + instead("375"));
+    EXPECT_EQ(mistakeIn({"--device=0x0@2"}), device + instead("0x0@2"));
     const std::string version = "--system-version needs a version such as 8.4";
     EXPECT_EQ(mistakeIn({"--system-version"}), version);
-    EXPECT_EQ(mistakeIn({"--system-version", "new"}), version);
+    EXPECT_EQ(mistakeIn({"--system-version", "new"}), version + instead("new"));
     const std::string scale = "--window-scale needs a number from 0.5 to 8";
     for (const char* value : {"", "0.4", "9", "2x", "nan", "-1"})
-        EXPECT_EQ(mistakeIn({"--window-scale", value}), scale) << value;
+        EXPECT_EQ(mistakeIn({"--window-scale", value}), scale + instead(value));
 }
 
 } // namespace zr::tests::hosts

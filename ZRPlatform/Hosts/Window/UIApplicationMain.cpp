@@ -1,4 +1,3 @@
-#include <ZRPlatform/Hosts/Internal/Launching.h>
 #include <ZRPlatform/Hosts/Window/RunInWindow.h>
 
 #include <iostream>
@@ -14,7 +13,7 @@ int UIApplicationMain(int argc, char** argv, Ref<UIApplicationDelegate> (*makeDe
     }
     return runInWindow(*options, [makeDelegate](UIApplication* application) {
         const Ref<UIApplicationDelegate> delegate = makeDelegate ? makeDelegate() : nullptr;
-        return launchApplication(application, delegate);
+        return application->launch(delegate);
     });
 }
 
