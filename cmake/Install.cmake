@@ -1,6 +1,6 @@
 # Installs the libraries, their public headers under the paths they are included by, and what CMake and pkg-config need
 # to find them. Everything found from there is relative, so an installed tree can be moved. The components are what
-# Packaging/ makes packages of.
+# Packaging/ makes packages of. The build folder is a package too, so that nobody has to install to begin.
 include(CMakePackageConfigHelpers)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/ZRKitDynamic)
 
@@ -8,6 +8,7 @@ set_target_properties(ZRPlatform ZRKitDynamic PROPERTIES INSTALL_RPATH "$ORIGIN"
 install(TARGETS ZRPlatform ZRKitDynamic EXPORT ZRKitDynamicTargets
     LIBRARY COMPONENT library NAMELINK_COMPONENT development FILE_SET HEADERS COMPONENT development)
 install(EXPORT ZRKitDynamicTargets NAMESPACE ZRKitDynamic:: DESTINATION ${package_folder} COMPONENT development)
+export(EXPORT ZRKitDynamicTargets NAMESPACE ZRKitDynamic:: FILE ${PROJECT_BINARY_DIR}/ZRKitDynamicTargets.cmake)
 
 configure_package_config_file(cmake/ZRKitDynamicConfig.cmake.in ${PROJECT_BINARY_DIR}/ZRKitDynamicConfig.cmake
     INSTALL_DESTINATION ${package_folder})

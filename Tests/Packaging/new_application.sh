@@ -38,6 +38,15 @@ quietly "$zr" new my-tasks "deep/folder of mine"
 build_with_cmake "deep/folder of mine" "deep/folder of mine/build" "$work/prefix"
 [[ -x "deep/folder of mine/build/my-tasks" ]] || fail "the program is not called my-tasks"
 
+echo "-- the line it prints, where the kit is built and not installed"
+mkdir -p ../checkout/build
+cp "$zr" ../checkout
+cp -R "$(dirname "$zr")/Templates" ../checkout
+ln -sfn "$build" ../checkout/build/release
+line=$(../checkout/zr new beginner "own folder" 2>&1 | tail -n 1)
+[[ $line == cd*"build/beginner" ]] || fail "new says \"$line\""
+quietly bash -c "${line%&&*}" || fail "what new says does not work: $line"
+
 echo "-- names that are none"
 expect_refusal "no name for a program" ""
 expect_refusal "no name for a program" "a/b"
