@@ -20,6 +20,7 @@ pages=$("$gallery" --list | cut -d ' ' -f 1)
 commands=0
 
 while IFS=: read -r document line words; do
+    words=${words#\`}
     read -r -a words <<<"${words%%#*}"
     command=${words[1]:-}
     grep -qE "^  $command( |$)" <<<"$usage" || complain "$document:$line: ./zr has no command \"$command\""
@@ -32,8 +33,25 @@ while IFS=: read -r document line words; do
             complain "$document:$line: the gallery has no page ${words[i + 1]}"
     done
     ((++commands))
-done < <(grep -noE '^\./zr .*' "${documents[@]}")
+done < <(grep -noE '^\./zr .*|`\./zr [^`]*' "${documents[@]}")
 ((commands)) || complain "no document names a command"
+
+# A guide ends with its pages: each by its name, or the beginning of several names and "…".
+mentions=0
+while IFS=: read -r document line page; do
+    case $page in
+    *…) grep -q "^${page%…}" <<<"$pages" ;;
+    *) grep -qxF -- "$page" <<<"$pages" ;;
+    esac || complain "$document:$line: the gallery has no page $page"
+    ((++mentions))
+done < <(awk '/^See the pages? / { sub(/ of the gallery.*/, "")
+    for (i = split($0, words, "`") - 1; i > 1; i -= 2) print FILENAME ":" FNR ":" words[i] }' "${documents[@]}")
+((mentions)) || complain "no guide names its pages"
+
+# The README's list of commands.
+while read -r command; do
+    grep -qE "^  $command( |$)" <<<"$usage" || complain "README.md: ./zr has no command \"$command\""
+done < <(sed -n '/^More of `\.\/zr`/,/^$/p' README.md | grep -oE '`[a-z]+' | tr -d '`')
 
 links=0
 while IFS=: read -r document line target; do
