@@ -43,14 +43,15 @@ mkdir -p ../checkout/build
 cp "$zr" ../checkout
 cp -R "$(dirname "$zr")/Templates" ../checkout
 ln -sfn "$build" ../checkout/build/release
-line=$(../checkout/zr new beginner "own folder" 2>&1 | tail -n 1)
+line=$(../checkout/zr new "../own folder/beginner" 2>&1 | tail -n 1)
 [[ $line == cd*"build/beginner" ]] || fail "new says \"$line\""
 quietly bash -c "${line%&&*}" || fail "what new says does not work: $line"
 
 echo "-- names that are none"
 expect_refusal "no name for a program" ""
-expect_refusal "no name for a program" "a/b"
-expect_refusal "no name for a program" "../up"
+expect_refusal "no name for a program" "a/2b"
+expect_refusal "no name for a program" ".."
+expect_refusal "no name for a program" "/"
 expect_refusal "no name for a program" "2tasks"
 expect_refusal "no name for a program" "two tasks"
 expect_refusal "no name for a program" "größe"
@@ -59,5 +60,5 @@ expect_refusal "no name for a program" "a/b" fine
 expect_refusal "is there already" Tasks
 expect_refusal "is there already" Fine Tasks
 expect_refusal "the folder has no name" Fine ""
-expect_refusal "give the application's name"
-expect_refusal "give the application's name" One two three
+expect_refusal "give the application's folder"
+expect_refusal "give the application's folder" One two three
