@@ -8,9 +8,8 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
-/// @name Keys of a style's colours
-/// Background, border and title; normal, highlighted and disabled.
-/// @{
+/// A key of the dictionary that `ZRButton::colorsWithStyle` gives: the colour of the background (BG), the border or the
+/// title of a button that is normal (N), highlighted (H) or disabled (D).
 inline constexpr const char* botton_BG_Color_N = "botton_BG_Color_N";
 inline constexpr const char* botton_BG_Color_H = "botton_BG_Color_H";
 inline constexpr const char* botton_BG_Color_D = "botton_BG_Color_D";
@@ -20,7 +19,6 @@ inline constexpr const char* botton_Border_Color_D = "botton_Border_Color_D";
 inline constexpr const char* botton_Title_Color_N = "botton_Title_Color_N";
 inline constexpr const char* botton_Title_Color_H = "botton_Title_Color_H";
 inline constexpr const char* botton_Title_Color_D = "botton_Title_Color_D";
-/// @}
 
 /// The kit's pill-shaped button, in one of eight fixed styles: 0 a green text and 1 its grey inverse, 2 filled green,
 /// 3 a green outline that fills when pressed, 4 white with green text, 5 a white outline for dark backgrounds, 6 a grey
@@ -36,6 +34,7 @@ public:
     template <class Button = ZRButton>
     static Ref<Button> bottomButtonWithFrame_style(CGRect frame, std::int32_t style);
 
+    /// 0..7, or another number for a button without colours; 0 at first.
     std::int32_t style() const { return m_style; }
     /// Recolours nothing; see `updateBottomButtonWithStyle`.
     virtual void setStyle(std::int32_t style) { m_style = style; }
@@ -46,7 +45,9 @@ public:
     /// title's colours, only that state's is set.
     virtual void updateBottonColorWithStatus(std::int32_t status);
 
+    /// Shows the style's colours for highlighted or for normal, whether or not the button is enabled.
     void setHighlighted(bool highlighted) override;
+    /// Shows the style's colours for normal or for disabled, whether or not the button is highlighted.
     void setEnabled(bool enabled) override;
     /// The corners stay rounded to half the height.
     void layoutSubviews() override;

@@ -20,13 +20,18 @@ public:
     /// The one instance. It lives as long as the process.
     static ZRColorInstance* Instance();
 
-    /// As wide as the screen; 64 points high, or 44 where the system version sorts before "7.0".
+    /// The green bar. Each bar colour is as wide as the screen, and 64 points high, or 44 where the system version
+    /// sorts before "7.0".
     UIColor* navigationBarShadowColor() { return color(NavigationBarGreen); }
-    /// The size of the screen.
+    /// The green background. Each background is as large as the screen.
     UIColor* backgroundShadowColor_green() { return color(BackgroundGreen); }
+    /// The red bar, of the same size as the green one.
     UIColor* navigationBarShadowColor_red() { return color(NavigationBarRed); }
+    /// The red background, as large as the screen.
     UIColor* backgroundShadowColor_red() { return color(BackgroundRed); }
+    /// The orange bar, of the same size as the green one.
     UIColor* navigationBarShadowColor_orange() { return color(NavigationBarOrange); }
+    /// The orange background, as large as the screen.
     UIColor* backgroundShadowColor_orange() { return color(BackgroundOrange); }
 
     /// Nobody owns the instance: these count nothing.

@@ -22,22 +22,24 @@ public:
     /// Looks, labels and the tap; part of the initialiser.
     virtual void initViews();
 
+    /// The initialiser's items, or what was set.
     const std::vector<NSString>& titles() const { return m_titles; }
-    /// Their number is the range of indices. Changes no label and no width.
+    /// The number of titles is the range of indices. Changes no label and no width.
     virtual void setTitles(const std::vector<NSString>& titles) { m_titles = titles; }
-    /// One a title, in the same order; nil ones are passed over.
+    /// One label a title, in the same order, on the control; nil ones are passed over. Setting them adds none to the
+    /// control and takes none off.
     const std::vector<Ref<UILabel>>& titleLabels() const { return m_titleLabels; }
     virtual void setTitleLabels(const std::vector<Ref<UILabel>>& labels) { m_titleLabels = labels; }
 
-    /// 0 at first.
+    /// The selected segment, counted from the left; 0 at first.
     std::int64_t selectedSegmentIndex() const { return m_selectedSegmentIndex; }
-    /// Out-of-range values select the nearest segment; without segments, any index from 0 on is kept. Tells the targets
-    /// of a change, and shows it whatever they do.
+    /// Selects a segment. Out-of-range values select the nearest; without segments, any index from 0 on is kept. Tells
+    /// the targets of a change, and shows it whatever they do.
     virtual void setSelectedSegmentIndex(std::int64_t index);
 
-    /// Ignored for an index beyond the last, and for a nil title.
+    /// Changes a segment's title and its label's text. Ignored for an index beyond the last, and for a nil title.
     virtual void setTitle_forSegmentAtIndex(const NSString& title, NSUInteger index);
-    /// Nil beyond the last.
+    /// A segment's title; nil beyond the last.
     virtual NSString titleForSegmentAtIndex(NSUInteger index) const;
 
     /// Selects the segment under the tap. Not called while the control is disabled.
@@ -48,6 +50,8 @@ public:
     virtual void updateSelectedSegment();
     /// The corners stay rounded to half the height.
     void layoutSubviews() override;
+
+    /// Not the control's own while it is disabled; others as for every control.
     bool gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) override;
 
 protected:

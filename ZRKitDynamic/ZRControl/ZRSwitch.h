@@ -16,10 +16,12 @@ public:
     /// The frame's origin counts; its size does not.
     bool initWithFrame(CGRect frame) override;
 
-    /// False at first.
+    /// The state that it rests in; false at first.
     bool isOn() const { return m_on; }
-    /// Animated.
+    /// The same as `setOn_animated`, animated.
     virtual void setOn(bool on);
+    /// Takes a stretched knob back and, when that is a change, moves it to the other end, animated within 0.4 s. The
+    /// targets are not told. What touches move from now on is animated, or not, likewise.
     virtual void setOn_animated(bool on, bool animated);
     /// A disabled switch leaves touches alone, to their end even if it is enabled meanwhile. One that is disabled
     /// during a touch rests in its state, and that touch comes to nothing.
@@ -38,9 +40,13 @@ public:
     virtual void sendAction();
     /// @}
 
+    /// Stretches the knob, if the switch is enabled.
     void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
+    /// Takes the knob to an end that the finger is dragged past.
     void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) override;
+    /// Ends the touch with `sendAction`.
     void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) override;
+    /// Ends the touch with `sendAction`, as if the finger had been lifted.
     void touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event) override;
 
 protected:

@@ -21,14 +21,15 @@ public:
     ///
     /// Nil when there is none, or when an argument is nil.
     /// @{
-    /// `fileName`: without extension. `expandedName`: the extension, without the dot. `directory`: the folder's path;
-    /// it is the main bundle's only when it is spelled as `NSBundle::bundlePath` spells it.
+    /// The image of a file, found as said above. `fileName`: without extension. `expandedName`: the extension, without
+    /// the dot. `directory`: the folder's path; it is the main bundle's only when it is spelled as
+    /// `NSBundle::bundlePath` spells it.
     static Ref<UIImage> zrImageWithFileName_expandedName_inDirectory(const NSString& fileName,
                                                                      const NSString& expandedName,
                                                                      const NSString& directory);
-    /// With the extension "png".
+    /// The same with the extension "png".
     static Ref<UIImage> zrImagePNGFileWithFileName_inDirectory(const NSString& fileName, const NSString& directory);
-    /// `UIImage::imageNamed`.
+    /// The same as `UIImage::imageNamed`.
     static Ref<UIImage> zrImageNamed(const NSString& name);
     /// @}
 

@@ -23,24 +23,25 @@ public:
     /// The part that is done, 0..1; 0 at first. Kept as it is: below 0 looks like 0, above 1 like 1.
     float progress() const { return m_progress; }
     virtual void setProgress(float progress);
-    /// The outline of the track, white at first. Nil, here and below, draws in the colour that the context has at that
-    /// moment.
+    /// The outline of the track, white at first. Nil draws in the colour that the context has at that moment.
     Ref<UIColor> lineColor() const { return m_lineColor; }
     virtual void setLineColor(UIColor* color);
-    /// The inside of the track, clear at first.
+    /// The inside of the track, clear at first. Nil counts as for the outline.
     Ref<UIColor> progressRemainingColor() const { return m_progressRemainingColor; }
     virtual void setProgressRemainingColor(UIColor* color);
-    /// The pill, white at first.
+    /// The pill, white at first. Nil counts as for the outline.
     Ref<UIColor> progressColor() const { return m_progressColor; }
     virtual void setProgressColor(UIColor* color);
 
     /// @name Observing itself
     /// @{
-    /// What is observed, in this order. A class with keys of its own adds them here and to its key table.
+    /// The keys that are observed, in this order. A class with keys of its own adds them here and to its key table.
     virtual std::vector<NSString> observableKeypaths() const;
-    /// Called by the initialiser, as the last thing.
+    /// Observes those keys. Called by the initialiser, as the last thing.
     virtual void registerForKVO();
+    /// Stops observing them. The destructor calls this class's own, not an override.
     virtual void unregisterFromKVO();
+    /// Draws the view anew, whichever key has changed.
     void observeValueForKeyPath_ofObject_change_context(const NSString& keyPath, NSObject* object,
                                                         const NSKeyValueChange& change, void* context) override;
     /// @}

@@ -42,7 +42,7 @@ enum ZRProgressHUDAnimation : int {
 class ZRProgressHUDDelegate {
 public:
     virtual ~ZRProgressHUDDelegate() = default;
-    /// On the main thread, after the completion block; the HUD may have left its view already.
+    /// The HUD has gone. On the main thread, after the completion block; the HUD may have left its view already.
     virtual void hudWasHidden(ZRProgressHUD* /*hud*/) {}
 };
 
@@ -77,7 +77,7 @@ public:
     /// The topmost one; nil when there is none.
     template <class HUD = ZRProgressHUD>
     static HUD* HUDForView(const UIView* view);
-    /// Bottom to top.
+    /// All of them, bottom to top.
     template <class HUD = ZRProgressHUD>
     static std::vector<Ref<HUD>> allHUDsForView(const UIView* view);
     /// @}
@@ -85,9 +85,11 @@ public:
     /// @name Construction
     /// It starts invisible, and in no view.
     /// @{
+    /// With the values that the properties have "at first", invisible until it is shown.
     bool initWithFrame(CGRect frame) override;
-    /// Of the size of the view, or of none when that is nil.
+    /// As large as the view; of no size when that is nil.
     virtual bool initWithView(UIView* view);
+    /// The same as `initWithView`.
     virtual bool initWithWindow(UIWindow* window);
     /// @}
 
@@ -95,13 +97,14 @@ public:
     /// The last call does not undo the one before: a hide leaves the grace timer running, a show leaves a hide running,
     /// and each of two hides tells block and delegate of its end.
     /// @{
-    /// With a `graceTime`, nothing shows before that is over, and then only while a task is in progress.
+    /// Shows the HUD. With a `graceTime`, nothing shows before that is over, and then only while a task is in progress.
     virtual void show(bool animated);
-    /// Within `minShowTime` of the show, the HUD stays until that is over. A HUD that was not shown is done at once.
+    /// Hides the HUD. Within `minShowTime` of the show it stays until that is over. One that was not shown is done at
+    /// once.
     virtual void hide(bool animated);
     /// Hides after `delay` seconds, unless it is hidden before. The HUD lives until then.
     virtual void hide_afterDelay(bool animated, double delay);
-    /// Hides; `animated` is a boxed flag.
+    /// What `hide_afterDelay` sends: hides. `animated` is a boxed flag.
     virtual void hideDelayed(const NSValue& animated);
     /// @}
 
@@ -111,12 +114,15 @@ public:
     /// Sends the message on a new thread. Target and object are kept until it is over; both may be nil.
     virtual void showWhileExecuting_onTarget_withObject_animated(SEL method, NSObject* target, const NSValue& object,
                                                                  bool animated);
-    /// On the global queue of default priority.
+    /// Runs the block on the global queue of default priority, without a completion block: one that was set is dropped.
     void showAnimated_whileExecutingBlock(bool animated, std::function<void()> block);
+    /// Runs the block on the global queue of default priority; `completion` replaces the HUD's `completionBlock`.
     void showAnimated_whileExecutingBlock_completionBlock(bool animated, std::function<void()> block,
                                                           std::function<void()> completion);
+    /// Runs the block on `queue`, without a completion block: one that was set is dropped.
     void showAnimated_whileExecutingBlock_onQueue(bool animated, std::function<void()> block, dispatch_queue_t queue);
-    /// `completion` replaces the HUD's `completionBlock`; it may be empty, as may be `block`.
+    /// Runs the block on `queue`; nil stands for the global queue of default priority. `completion` replaces the HUD's
+    /// `completionBlock`; it may be empty, as may be `block`.
     virtual void showAnimated_whileExecutingBlock_onQueue_completionBlock(bool animated, std::function<void()> block,
                                                                           dispatch_queue_t queue,
                                                                           std::function<void()> completion);
@@ -133,27 +139,29 @@ public:
     /// progress.
     Ref<UIView> customView() const { return m_customView; }
     virtual void setCustomView(UIView* view);
-    /// One line, cut where it is too long. Nil or empty shows none.
+    /// The label: one line, cut where it is too long. Nil, at first, or empty shows none.
     NSString labelText() const { return m_labelText; }
     virtual void setLabelText(const NSString& text);
-    /// The bold system font of 16 points at first.
+    /// The label's; the bold system font of 16 points at first.
     Ref<UIFont> labelFont() const { return m_labelFont; }
     virtual void setLabelFont(UIFont* font);
-    /// White at first, as is every colour but the box's.
+    /// The label's text colour; white at first.
     Ref<UIColor> labelColor() const { return m_labelColor; }
     virtual void setLabelColor(UIColor* color);
-    /// Below the label, in as many lines as there is room for. Nil or empty shows none.
+    /// The text below the label, in as many lines as there is room for. Nil, at first, or empty shows none.
     NSString detailsLabelText() const { return m_detailsLabelText; }
     virtual void setDetailsLabelText(const NSString& text);
-    /// The bold system font of 12 points at first.
+    /// Of the lines below the label; the bold system font of 12 points at first.
     Ref<UIFont> detailsLabelFont() const { return m_detailsLabelFont; }
     virtual void setDetailsLabelFont(UIFont* font);
+    /// The text colour of the lines below the label; white at first.
     Ref<UIColor> detailsLabelColor() const { return m_detailsLabelColor; }
     virtual void setDetailsLabelColor(UIColor* color);
-    /// 0..1, not limited; handed on to an indicator that has such a key. A new indicator starts at its own.
+    /// How much is done, 0..1, not limited; handed on to an indicator that has such a key. 0 at first. A new indicator
+    /// starts at its own.
     float progress() const { return m_progress; }
     virtual void setProgress(float progress);
-    /// Of the spinner.
+    /// The spinner's colour; white at first. The other indicators have colours of their own.
     Ref<UIColor> activityIndicatorColor() const { return m_activityIndicatorColor; }
     virtual void setActivityIndicatorColor(UIColor* color);
     /// @}
@@ -161,57 +169,61 @@ public:
     /// @name Look of the box
     /// Lengths in points.
     /// @{
-    /// 0..1, of the black box; 0.8 at first.
+    /// How dark the black box is, 0..1; 0.8 at first.
     float opacity() const { return m_opacity; }
     virtual void setOpacity(float opacity) { m_opacity = opacity; }
-    /// Of the box, in place of black and `opacity`; nil at first.
+    /// The box's colour, in place of black and `opacity`; nil at first.
     Ref<UIColor> color() const { return m_color; }
     virtual void setColor(UIColor* color) { m_color = Ref<UIColor>(color); }
-    /// From the middle, to the right and down.
+    /// How far the box lies to the right of the view's middle; 0 at first, and negative to the left.
     float xOffset() const { return m_xOffset; }
     virtual void setXOffset(float offset) { m_xOffset = offset; }
+    /// How far the box lies below the view's middle; 0 at first, and negative above it.
     float yOffset() const { return m_yOffset; }
     virtual void setYOffset(float offset) { m_yOffset = offset; }
-    /// Between the box's edges and what is in it; 20 at first. Nothing is wider than the view less four of them.
+    /// Between the box's edges and what is in it; 20 at first. Nothing in it is wider than the view less four of them.
     float margin() const { return m_margin; }
     virtual void setMargin(float margin) { m_margin = margin; }
-    /// 10 at first.
+    /// The radius of the box's corners; 10 at first.
     float cornerRadius() const { return m_cornerRadius; }
     virtual void setCornerRadius(float radius) { m_cornerRadius = radius; }
-    /// Darkens what is behind, the more the farther from the middle.
+    /// Darkens what is behind, the more the farther from the middle. False at first.
     bool dimBackground() const { return m_dimBackground; }
     virtual void setDimBackground(bool dim) { m_dimBackground = dim; }
-    /// The box is not made smaller; zero at first.
+    /// The size that the box has at least; zero at first.
     CGSize minSize() const { return m_minSize; }
     virtual void setMinSize(CGSize size) { m_minSize = size; }
-    /// Makes the box as wide as high, where it fits.
+    /// Makes the box as wide as high, where it fits. False at first.
     bool isSquare() const { return m_square; }
     virtual void setSquare(bool square) { m_square = square; }
-    /// Of the box, since the last layout.
+    /// The box's size, as of the last layout.
     CGSize size() const { return m_size; }
     /// @}
 
     /// @name Coming and going
     /// Times in seconds.
     /// @{
-    /// A `ZRProgressHUDAnimation`; another number fades.
+    /// A `ZRProgressHUDAnimation`, the fade at first; another number fades.
     int animationType() const { return m_animationType; }
     virtual void setAnimationType(int type) { m_animationType = type; }
-    /// 0 at first: a show is seen at once.
+    /// How long a show waits before anything is seen, so that a short task shows nothing; 0 at first.
     float graceTime() const { return m_graceTime; }
     virtual void setGraceTime(float seconds) { m_graceTime = seconds; }
-    /// 0 at first.
+    /// How long the HUD is seen at least; 0 at first.
     float minShowTime() const { return m_minShowTime; }
     virtual void setMinShowTime(float seconds) { m_minShowTime = seconds; }
-    /// Set by the operations that run a task. Who runs one otherwise, and wants a `graceTime`, sets it.
+    /// Whether work is going on that a `graceTime` waits for. The operations that run a task set it; who runs one
+    /// otherwise sets it too. False at first.
     bool taskInProgress() const { return m_taskInProgress; }
     virtual void setTaskInProgress(bool inProgress) { m_taskInProgress = inProgress; }
+    /// Whether the HUD leaves its view when it has been hidden. False at first; the operations on the HUDs of a view
+    /// set it.
     bool removeFromSuperViewOnHide() const { return m_removeFromSuperViewOnHide; }
     virtual void setRemoveFromSuperViewOnHide(bool removes) { m_removeFromSuperViewOnHide = removes; }
-    /// Runs once, when the HUD has gone; it is let go then, and so is one that it sets.
+    /// Runs once, when the HUD has gone; it is let go then, and so is one that it sets. Nil at first.
     std::function<void()> completionBlock() const { return m_completionBlock; }
     virtual void setCompletionBlock(std::function<void()> block) { m_completionBlock = std::move(block); }
-    /// Not kept.
+    /// Told when the HUD has gone. Not kept; nil at first.
     Delegate<ZRProgressHUDDelegate> delegate() const { return m_delegate; }
     virtual void setDelegate(Delegate<ZRProgressHUDDelegate> delegate) { m_delegate = delegate; }
     /// Whether it has been hidden, to the end, since it was made.
@@ -222,52 +234,72 @@ public:
 
     /// @name For subclasses
     /// @{
-    /// The indicator that shows; nil in the mode without one, and where there is no custom view.
+    /// The indicator that shows; nil in the mode without one, and where there is no custom view. Setting it neither
+    /// adds it to the HUD nor takes the one before off.
     Ref<UIView> indicator() const { return m_indicator; }
     virtual void setIndicator(UIView* indicator) { m_indicator = Ref<UIView>(indicator); }
-    /// Waiting to show, and to hide; they stay here after they have fired.
+    /// Waits to show; it stays here after it has fired.
     Ref<NSTimer> graceTimer() const { return m_graceTimer; }
     virtual void setGraceTimer(NSTimer* timer) { m_graceTimer = Ref<NSTimer>(timer); }
+    /// Waits to hide; it stays here after it has fired.
     Ref<NSTimer> minShowTimer() const { return m_minShowTimer; }
     virtual void setMinShowTimer(NSTimer* timer) { m_minShowTimer = Ref<NSTimer>(timer); }
     /// When the HUD began to show; nil while it is hidden, or hiding.
     Ref<NSDate> showStarted() const { return m_showStarted; }
     virtual void setShowStarted(NSDate* date) { m_showStarted = Ref<NSDate>(date); }
 
+    /// The grace time is over: shows the HUD, if a task is in progress.
     virtual void handleGraceTimer(NSTimer* timer);
+    /// The HUD was seen long enough: hides it.
     virtual void handleMinShowTimer(NSTimer* timer);
+    /// Shows the HUD now, without any grace time.
     virtual void showUsingAnimation(bool animated);
+    /// Hides the HUD now, however short it was seen; `done` follows, after the animation if there is one.
     virtual void hideUsingAnimation(bool animated);
+    /// A hide's animation has stopped, whether it was finished or not: calls `done`.
     virtual void animationFinished_finished_context(const NSString& animationID, const NSValue& finished,
                                                     void* context);
-    /// The end of every hide.
+    /// The end of every hide: the HUD turns invisible, leaves its view if it is to, runs the completion block and tells
+    /// the delegate, in this order. Delayed hides that are pending are dropped.
     virtual void done();
-    /// The task's two ends: on its thread, and then on the main one.
+    /// Runs on the task's own thread: sends the message, then has `cleanUp` called on the main thread.
     virtual void launchExecution();
+    /// The task is over: lets go of target and object, and hides the HUD.
     virtual void cleanUp();
 
     /// Makes and adds the two labels; called once, by the initialiser.
     virtual void setupLabels();
     /// Puts up the indicator of the mode, where that is not the present one.
     virtual void updateIndicators();
+    /// Covers the superview, places indicator and texts in its middle, and reckons the box's size.
     void layoutSubviews() override;
+    /// Draws the dimming, where there is one, and the box.
     void drawRect(CGRect rect) override;
 
+    /// Observes `observableKeypaths`. Called by the initialiser, after the indicator is there.
     virtual void registerForKVO();
+    /// Stops observing them; called by the destructor.
     virtual void unregisterFromKVO();
     /// The keys whose changes are shown.
     virtual std::vector<NSString> observableKeypaths() const;
+    /// Has the change shown by `updateUIForKeypath`: at once on the main thread, else soon after.
     void observeValueForKeyPath_ofObject_change_context(const NSString& keyPath, NSObject* object,
                                                         const NSKeyValueChange& change, void* context) override;
     /// Shows the change of a key, on the main thread.
     virtual void updateUIForKeypath(const NSString& keyPath);
 
+    /// Has the HUD hear of the status bar's orientation; the last thing that the initialiser does.
     virtual void registerForNotifications();
+    /// The HUD hears of it no longer; called by the destructor.
     virtual void unregisterFromNotifications();
+    /// Covers the superview anew, turned where the HUD has to turn itself; nothing while it is in no view.
     virtual void statusBarOrientationDidChange(NSNotification* notification);
-    /// Before system version 8 a window does not turn with the device: the HUD in one turns itself.
+    /// Whether the HUD has to turn itself: when it is in a window, before system version 8, where windows do not turn
+    /// with the device.
     virtual bool shouldPerformOrientationTransform() const;
+    /// Covers the superview, and turns to the orientation of the status bar; animated, within 0.3 s.
     virtual void setTransformForCurrentOrientation(bool animated);
+    /// Turns at once to the present orientation, where the HUD has to turn itself.
     void didMoveToSuperview() override;
     /// @}
 

@@ -25,11 +25,12 @@ public:
     /// reaches from twelve o'clock the long way round, so that -0.25 looks like 0.75.
     float progress() const { return m_progress; }
     virtual void setProgress(float progress);
-    /// White at first: the disc's outline, or the arc. The wedge is white whatever this is. Nil, here and below, draws
-    /// in the colour that the context has at that moment.
+    /// White at first: the disc's outline, or the arc. The wedge is white whatever this is. Nil draws in the colour
+    /// that the context has at that moment.
     Ref<UIColor> progressTintColor() const { return m_progressTintColor; }
     virtual void setProgressTintColor(UIColor* color);
-    /// White of alpha 0.1 at first: the disc, or the ring below the arc.
+    /// White of alpha 0.1 at first: the disc, or the ring below the arc. Nil draws in the colour that the context has
+    /// at that moment.
     Ref<UIColor> backgroundTintColor() const { return m_backgroundTintColor; }
     virtual void setBackgroundTintColor(UIColor* color);
     /// An arc along a ring instead of a wedge in a disc; false at first.
@@ -38,11 +39,13 @@ public:
 
     /// @name Observing itself
     /// @{
-    /// What is observed, in this order. A class with keys of its own adds them here and to its key table.
+    /// The keys that are observed, in this order. A class with keys of its own adds them here and to its key table.
     virtual std::vector<NSString> observableKeypaths() const;
-    /// Called by the initialiser, as the last thing.
+    /// Observes those keys. Called by the initialiser, as the last thing.
     virtual void registerForKVO();
+    /// Stops observing them. The destructor calls this class's own, not an override.
     virtual void unregisterFromKVO();
+    /// Draws the view anew, whichever key has changed.
     void observeValueForKeyPath_ofObject_change_context(const NSString& keyPath, NSObject* object,
                                                         const NSKeyValueChange& change, void* context) override;
     /// @}

@@ -33,12 +33,13 @@ public:
     /// @name Properties
     /// Objects are kept; what is replaced stays in the view tree where it was.
     /// @{
+    /// Told of dismissals; not kept, and nil once it is gone.
     Delegate<ZRTAlertViewDelegate> delegate() const { return m_delegate; }
     virtual void setDelegate(Delegate<ZRTAlertViewDelegate> delegate) { m_delegate = delegate; }
-    /// Nil without a cancel title.
+    /// At the left of the panel's bottom; nil without a cancel title.
     ZRTAlertViewButton* cancelButton() const { return m_cancelButton; }
     virtual void setCancelButton(ZRTAlertViewButton* button) { m_cancelButton = button; }
-    /// Nil without an OK title.
+    /// At the right of it, or alone; nil without an OK title.
     ZRTAlertViewButton* okButton() const { return m_okButton; }
     virtual void setOkButton(ZRTAlertViewButton* button) { m_okButton = button; }
     /// The index that counts as cancelling; 0 at first, which is also the index of an only OK button.
@@ -47,13 +48,14 @@ public:
     /// The visible panel; contents are added to it.
     UIView* backgroundAlert() const { return m_backgroundAlert; }
     virtual void setBackgroundAlert(UIView* view) { m_backgroundAlert = view; }
-    /// The layer that dims what is behind.
+    /// The view that dims what is behind: black of alpha 0.45, over the whole screen.
     UIView* backgroundView() const { return m_backgroundView; }
     virtual void setBackgroundView(UIView* view) { m_backgroundView = view; }
-    /// The titles that the buttons were made with, and that decide how they share the panel's width. Setting one
-    /// neither makes nor renames a button.
+    /// The title that the cancel button was made with; nil for none. It decides how the buttons share the panel's
+    /// width. Setting it neither makes nor renames a button.
     const NSString& cancelTitle() const { return m_cancelTitle; }
     virtual void setCancelTitle(const NSString& title) { m_cancelTitle = title; }
+    /// The title that the OK button was made with; nil for none. It counts and is set as the cancel title is.
     const NSString& okTitle() const { return m_okTitle; }
     virtual void setOkTitle(const NSString& title) { m_okTitle = title; }
     /// The panel's size in points; zero, as at first, stands for the default size.
@@ -66,11 +68,11 @@ public:
     /// Shows the alert in `view`, or in its own window when that is nil or the alert itself, wherever it was before.
     /// Animated, the panel grows to its size within 0.3 s; the dimming is there at once.
     virtual void showInView_animation(UIView* view, bool animated);
-    /// In its own window.
+    /// The same as `showInView_animation` in its own window.
     virtual void showWithAnimation(bool animated);
-    /// With `cancelButtonIndex`, animated.
+    /// Dismisses with `cancelButtonIndex`, animated.
     virtual void dismissAlertView();
-    /// With `cancelButtonIndex`, not animated: gone in the next turn of the run loop, before the next frame.
+    /// Dismisses with `cancelButtonIndex`, not animated: gone in the next turn of the run loop, before the next frame.
     virtual void dismissAlertViewWithoutAnimation();
     /// Tells the delegate, then hides the alert and takes it off the screen. Animated, the panel shrinks within 0.3 s,
     /// and the alert's own window fades with it. Each call tells the delegate, one during a running dismissal too; not
@@ -89,9 +91,10 @@ public:
     virtual CGSize getAlertViewSize();
     /// The panel in the alert's coordinates: centred, 20 points above the middle.
     virtual CGRect calculateAlertViewFrame();
-    /// The buttons in the panel's coordinates. Their outer edges lie beyond the panel's, which cuts them off, so that
-    /// only the borders between them and above them show.
+    /// In the panel's coordinates: all of its width, or the left half beside an OK title; 45 high. The outer edges lie
+    /// beyond the panel's, which cuts them off, so that only the borders between the buttons and above them show.
     virtual CGRect calculateCancelButtonFrame();
+    /// Likewise: all of the panel's width, or the right half beside a cancel title.
     virtual CGRect calculateOKButtonFrame();
     /// @}
 

@@ -55,35 +55,45 @@ public:
     /// @name Properties
     /// Those that say nothing else only store: what is made already does not change.
     /// @{
+    /// The initialiser's; nil for none. Setting it leaves the label's text as it is.
     const NSString& title() const { return m_title; }
     virtual void setTitle(const NSString& title) { m_title = title; }
+    /// The initialiser's; nil for none. Setting it leaves the label's text as it is, but its height is reckoned from
+    /// the new message at the next layout.
     const NSString& message() const { return m_message; }
     virtual void setMessage(const NSString& message) { m_message = message; }
+    /// In bold 17 points, of two lines at most; nil without a title. Kept; setting one adds nothing to the panel.
     UILabel* titleLabel() const { return m_titleLabel; }
     virtual void setTitleLabel(UILabel* label) { m_titleLabel = label; }
+    /// In 15 points, of as many lines as there is room for; nil without a message. Kept; setting one adds nothing to
+    /// the panel.
     UILabel* messageLabel() const { return m_messageLabel; }
     virtual void setMessageLabel(UILabel* label) { m_messageLabel = label; }
-    /// Setting it changes the caption that shows, but no placeholder.
+    /// The caption of the style, or the placeholder; nil for none. Setting it changes the caption that shows, but no
+    /// placeholder.
     const NSString& detailMessage() const { return m_detailMessage; }
     virtual void setDetailMessage(const NSString& detailMessage);
-    /// Nil unless a text field style was chosen.
+    /// The field of the style; nil unless a text field style was chosen.
     UITextField* textField() const { return m_textField; }
     virtual void setTextField(UITextField* textField);
     /// A place for a field of the application's; no style makes one.
     UITextField* passwordField() const { return m_passwordField; }
     virtual void setPasswordField(UITextField* passwordField);
-    /// Percent; 0 at first.
+    /// Per cent; 0 at first.
     std::int32_t progress() const { return m_progress; }
-    /// The bar, if there is one, slides there. Negative values are stored as 0; above 100 there is no limit but the
-    /// bar's end.
+    /// The bar, if there is one, slides to so many per cent. Negative values are stored as 0; above 100 there is no
+    /// limit but the bar's end.
     virtual void setProgress(std::int32_t progress);
+    /// The `ZRTAlertViewStyle` that was chosen, or any other number.
     std::int32_t alertViewStyle() const { return m_alertViewStyle; }
-    /// Makes nothing; see `alertViewStyle_detailMessage`.
+    /// Lays out as that style from the next show on, but makes nothing of it; see `alertViewStyle_detailMessage`.
     virtual void setAlertViewStyle(std::int32_t style) { m_alertViewStyle = style; }
+    /// Whether the box is ticked; false at first.
     bool checkBoxSelected() const { return m_checkBoxSelected; }
     /// Ticks the box, if there is one.
     virtual void setCheckBoxSelected(bool selected);
-    /// The picture of the rotation style; it is shown at once, and its size counts from the next layout on.
+    /// The picture of the rotation style, nil at first; it is shown at once, and its size counts from the next layout
+    /// on.
     UIImage* rotationImage() const { return m_rotationImage; }
     virtual void setRotationImage(UIImage* image);
     /// The caller's own; the alert never reads it.
@@ -94,12 +104,16 @@ public:
     /// @name Presentation
     /// Showing lays out, makes room for the keyboard below a text field, and puts the caret there.
     /// @{
+    /// Lays out first. Then makes room for the keyboard below a text field, and puts the caret there.
     void showInView_animation(UIView* view, bool animated) override;
+    /// Likewise, in the alert's own window.
     void showWithAnimation(bool animated) override;
     void dismissAlertView() override;
+    /// The text field resigns first.
     void dismissWithButtonIndex_animated(NSInteger index, bool animated) override;
-    /// Spins the picture, a turn each half second, until it is stopped.
+    /// Spins the picture, a turn each half second, until it is stopped. Nothing without the rotation style.
     virtual void startRotation();
+    /// The picture stands still at once, upright.
     virtual void stopRotation();
     /// @}
 
@@ -110,8 +124,9 @@ public:
     virtual void reLayoutSubviews();
     /// Centred, 15 points above the middle. The default size grows by what the panel holds.
     CGRect calculateAlertViewFrame() override;
+    /// Along the panel's top, 45 high, whatever the title.
     virtual CGRect calculateTitleLabelFrame(const NSString& title);
-    /// As high as the message, within 300 points or what a size set by the caller leaves.
+    /// Below the title, as high as the message, within 300 points or what a size set by the caller leaves, and 5 more.
     virtual CGRect calculateMessageLabelFrame(const NSString& message);
     /// Moves the panel up until there are 250 points for the keyboard between it and the screen's bottom. Nothing
     /// happens without a text field.
@@ -128,17 +143,26 @@ protected:
     /// @name Making what a style shows
     /// Called again, each takes what is there to the front of the panel instead of making it anew.
     /// @{
+    /// The box and its caption; nothing without a caption.
     virtual void createCheckBoxAlertView();
+    /// The bar, red and empty, and its caption.
     virtual void createProgressAlertView();
+    /// The picture and its caption.
     virtual void createRotationAlertView();
+    /// The text field, with a border and a clear button; secure when that style was chosen before the field was made.
     virtual void createTextFieldAlertView();
     /// @}
 
     /// @name Placing what a style shows
     /// @{
+    /// Box and caption side by side, below the message.
     virtual void layoutCheckBoxAlertView();
+    /// The bar 10 points below the message, 20 from the panel's sides, and the caption below it.
     virtual void layoutProgressAlertView();
+    /// The picture 10 points below the message, in the middle, and the caption below it. It is a square of the image's
+    /// height, or of 40 points where that is not 20..100.
     virtual void layoutRotationAlertView();
+    /// The field 5 points below the message, 30 high, 20 from the panel's sides.
     virtual void layoutTextFieldAlertView();
     /// @}
 

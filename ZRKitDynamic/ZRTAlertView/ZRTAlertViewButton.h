@@ -16,15 +16,18 @@ class ZRTAlertViewButton : public UIControl {
 public:
     bool initWithFrame(CGRect frame) override;
 
+    /// What the button says; nil, at first, for nothing.
     const NSString& title() const { return m_title; }
-    /// Nil shows no title.
     virtual void setTitle(const NSString& title);
 
-    /// The title always covers the whole button.
+    /// The title covers the whole button, now as before.
     void setFrame(CGRect frame) override;
+    /// As for `setFrame`: the title covers the whole button.
     void setBounds(CGRect bounds) override;
 
+    /// A disabled button has a light grey title on a grey ground; an enabled one looks as at first.
     void setEnabled(bool enabled) override;
+    /// A highlighted button has a green title on a light grey ground; another one looks as at first.
     void setHighlighted(bool highlighted) override;
 
 private:

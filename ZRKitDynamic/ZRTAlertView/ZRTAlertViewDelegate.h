@@ -15,10 +15,10 @@ class ZRTAlertViewDelegate {
 public:
     virtual ~ZRTAlertViewDelegate() = default;
 
-    /// The index is the alert's `cancelButtonIndex`. `zrTAlertView_clickedButtonAtIndex` follows.
+    /// Told first when the index is the alert's `cancelButtonIndex`. `zrTAlertView_clickedButtonAtIndex` follows.
     virtual void zrTAlertViewCancelButtonClicked(ZRBaseAlert* /*alert*/) {}
-    /// On every dismissal. `index`: 0 for the cancel button or an only button, 1 for the OK button beside a cancel one,
-    /// or whatever the dismissal was called with.
+    /// Told on every dismissal. `index`: 0 for the cancel button or an only button, 1 for the OK button beside a cancel
+    /// one, or whatever the dismissal was called with.
     virtual void zrTAlertView_clickedButtonAtIndex(ZRBaseAlert* /*alert*/, NSInteger /*index*/) {}
 };
 

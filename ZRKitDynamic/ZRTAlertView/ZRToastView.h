@@ -21,18 +21,23 @@ public:
     /// @name Properties
     /// What is replaced stays in the panel.
     /// @{
+    /// Shows the icon; what can spin. Kept.
     UIImageView* rotationImageView() const { return m_rotationImageView; }
     virtual void setRotationImageView(UIImageView* view) { m_rotationImageView = view; }
+    /// White and centred, of two lines at most. Kept.
     UILabel* messageLabel() const { return m_messageLabel; }
     virtual void setMessageLabel(UILabel* label) { m_messageLabel = label; }
     /// @}
 
     /// @name Presentation
     /// @{
+    /// Lays out first.
     void showInView_animation(UIView* view, bool animated) override;
+    /// Lays out first, and shows the panel in its own window.
     void showWithAnimation(bool animated) override;
     /// Spins the icon, a turn each 0.8 seconds, until it is stopped, whether it shows or not.
     virtual void startRotation();
+    /// The icon stands still at once, upright.
     virtual void stopRotation();
     /// @}
 

@@ -17,6 +17,7 @@ namespace zr {
 /// All is placed once, when it is made or set, and kept in place by its autoresizing mask. Main thread only.
 class ZRTNavigationBar : public UIView {
 public:
+    /// The parts are placed in a bar of this size.
     bool initWithFrame(CGRect frame) override;
     /// Makes background, title and back button; part of the initialiser.
     virtual void initViews();
@@ -25,23 +26,31 @@ public:
     /// Objects are kept, but for the delegate, which reads nil once it is gone. What is replaced stays in the bar. Nil
     /// parts are done without.
     /// @{
+    /// Told of taps of the back button; the screen, as a rule.
     ZRTNavigationBarDelegate* delegate() const { return m_delegate; }
     virtual void setDelegate(const Delegate<ZRTNavigationBarDelegate>& delegate) { m_delegate = delegate; }
+    /// Behind the other parts, of the theme's colour at first.
     ZRShadowAnimationView* backgroundImageView() const { return m_backgroundImageView; }
     virtual void setBackgroundImageView(ZRShadowAnimationView* view) { m_backgroundImageView = view; }
+    /// The title, white, in bold 17 points; half as wide as the bar at first.
     UILabel* titleLabel() const { return m_titleLabel; }
     virtual void setTitleLabel(UILabel* label) { m_titleLabel = label; }
-    /// It has the application's images "icon_title_back.png" and "icon_title_back_press.png", if there are such.
+    /// At the left, 40 x 40 points. It has the application's images "icon_title_back.png" and
+    /// "icon_title_back_press.png", if there are such.
     UIButton* backButton() const { return m_backButton; }
     virtual void setBackButton(UIButton* button) { m_backButton = button; }
-    /// Nil when there is none. The setter stores only; see `setLeftButton_animated`.
+    /// The screen's own button in the back button's place; nil when there is none.
     UIButton* leftButton() const { return m_left.button; }
+    /// Only stores it; `setLeftButton_animated` shows it.
     virtual void setLeftButton(UIButton* button);
+    /// The screen's own button at the right; nil when there is none.
     UIButton* rightButton() const { return m_right.button; }
+    /// Only stores it; `setRightButton_animated` shows it.
     virtual void setRightButton(UIButton* button);
     /// @}
 
-    /// Nil shows none; one that is too long for half of the bar's width shrinks and is then cut.
+    /// Sets the title label's text. Nil shows none; one that is too long for half of the bar's width shrinks and is
+    /// then cut.
     virtual void setNavTitle(const NSString& title);
     /// Gives the background the theme's colour again. The bar does not follow the theme by itself.
     virtual void defaultBackgroundColor();
@@ -49,11 +58,15 @@ public:
     /// @name Showing and hiding
     /// What is hidden keeps its place. Animated, the bar fades within 0.5 s and its buttons within 0.3 s.
     /// @{
+    /// Makes the whole bar invisible: its alpha becomes 0.
     virtual void hiddenNavigationBarWithAnimated(bool animated);
+    /// Makes the whole bar visible: its alpha becomes 1.
     virtual void showNavigationBarWithAnimated(bool animated);
-    /// Nothing without a back button.
+    /// Makes the back button invisible, or visible again; nothing without one.
     virtual void hiddenBackButton_animated(bool hidden, bool animated);
+    /// The same as `hiddenBackButton_animated` with true.
     virtual void hiddenBackButtonAnimated(bool animated);
+    /// The same as `hiddenBackButton_animated` with false.
     virtual void showBackButtonAnimated(bool animated);
     /// @}
 
@@ -63,19 +76,21 @@ public:
     /// it is the bar's still. One that is set meanwhile stays. The button that is there already is left as it is, so
     /// setting one that fades out does not save it; on the other side of the bar it would be taken from here.
     /// @{
-    /// 5 points from the left edge. Asking for a left button hides the back button, at once, even when nothing else
-    /// comes of it; only taking one off does not. It does not come back by itself.
+    /// Shows a button 5 points from the left edge. Asking for one hides the back button, at once, even when nothing
+    /// else comes of it; only taking one off does not. It does not come back by itself.
     virtual void setLeftButton_animated(UIButton* button, bool animated);
-    /// 5 points from the right edge.
+    /// Shows a button 5 points from the right edge.
     virtual void setRightButton_animated(UIButton* button, bool animated);
-    /// Fades in a text button, 40 points wide, into which long titles are squeezed; 70 on the right. It sends `action`
-    /// to `target`, held weakly, at a touch-up inside; nil for either sends nothing. A nil title is none.
+    /// Fades in a text button at the left, 40 points wide, into which long titles are squeezed. It sends `action` to
+    /// `target`, held weakly, at a touch-up inside; nil for either sends nothing. A nil title is none.
     virtual void setLeftButtonTitle_target_action(const NSString& title, NSObject* target, SEL action);
+    /// The same at the right, 70 points wide.
     virtual void setRightButtonTitle_target_action(const NSString& title, NSObject* target, SEL action);
     /// @}
 
     /// Tells the delegate, of this very button, nil too.
     virtual void backButtonClicked(UIButton* button);
+    /// Places nothing: the autoresizing masks do.
     void layoutSubviews() override;
 
 private:

@@ -11,7 +11,7 @@ class ZRTNavigationBarDelegate {
 public:
     virtual ~ZRTNavigationBarDelegate() = default;
 
-    /// The back button was tapped. Does nothing here.
+    /// The back button was tapped. The base class does nothing.
     virtual void zrTNavigationBar_backButtonClicked(ZRTNavigationBar* /*bar*/, UIButton* /*button*/) {}
 };
 

@@ -14,9 +14,10 @@ namespace zr {
 /// and shrinks with the view. Main thread only.
 class ZRTTableViewController : public ZRTViewController, public UITableViewDataSource, public UITableViewDelegate {
 public:
-    /// With a plain table.
+    /// With a table of the style, plain unless it was set.
     bool init() override;
     bool initWithNibName_bundle(const NSString& nibName, NSBundle* bundle) override;
+    /// With a table of this style.
     virtual bool initWithStyle(UITableViewStyle style);
 
     /// @name Table
@@ -25,7 +26,7 @@ public:
     /// old one stays in the view.
     UITableView* tableView() const { return m_tableView; }
     virtual void setTableView(UITableView* table) { m_tableView = table; }
-    /// Of the table that the initialiser makes; setting it later changes nothing.
+    /// The style of the table that the initialiser makes; setting it later changes nothing.
     UITableViewStyle style() const { return m_style; }
     virtual void setStyle(UITableViewStyle style) { m_style = style; }
     /// Makes the table, clear and without an indicator, unless there is one.
@@ -37,8 +38,9 @@ public:
 
     /// @name Rows
     /// @{
+    /// 50 points for every row.
     CGFloat tableView_heightForRowAtIndexPath(UITableView* table, const NSIndexPath& indexPath) override;
-    /// None. To be overridden.
+    /// None: 0. To be overridden.
     NSInteger tableView_numberOfRowsInSection(UITableView* table, NSInteger section) override;
     /// Nil. To be overridden along with the number of rows.
     Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView* table, const NSIndexPath& indexPath) override;

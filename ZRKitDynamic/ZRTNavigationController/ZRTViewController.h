@@ -20,31 +20,34 @@ public:
 
     /// @name Bar
     /// @{
-    /// Nil until the screen has one; kept. One that is replaced stays in the view, and the screen its delegate.
+    /// The kit's bar; nil until the screen has one; kept. One that is replaced stays in the view, and the screen its
+    /// delegate.
     ZRTNavigationBar* tNavigationBar() const { return m_tNavigationBar; }
     virtual void setTNavigationBar(ZRTNavigationBar* bar) { m_tNavigationBar = bar; }
     /// Makes the bar when there is a navigation controller and no bar yet, with the screen's title and the screen as
     /// its delegate, and adds it to the view. Then makes it, new or not, as wide as the screen and 64 points high (44
     /// on systems whose version sorts before "7.0" as text: 10.3 is one), and hides the navigation controller's bar.
     virtual void createNavigationBarIfNeed();
-    /// The navigation controller counts its own bar as shown, but hides the bar's view.
+    /// Hides the navigation controller's own bar: the controller counts it as shown, but its view is hidden. The kit's
+    /// bar stays.
     virtual void hiddenNavigationBar();
-    /// Fades the bar out or in within 0.5 s, or at once.
+    /// Makes the kit's bar invisible, animated by a fade of 0.5 s.
     virtual void hiddenNavigationBarWithAnimated(bool animated);
+    /// Makes the kit's bar visible again, animated by a fade of 0.5 s.
     virtual void showNavigationBarWithAnimated(bool animated);
     /// The bar's bottom edge in points of the view; 0 without a bar.
     virtual CGFloat navigationBarMaxY() const;
     /// @}
 
-    /// Also the bar's title.
+    /// Also sets the bar's title.
     void setTitle(const NSString& title) override;
     /// Pops the top screen where there are two or more. Else dismisses what this screen presents, or else the screen
     /// itself or the stack that it is in, animated whatever `animated` says; nothing happens where there is nothing to
     /// dismiss.
     virtual void popViewControllerWithAnimated(bool animated);
-    /// Pops, animated.
+    /// Leaves the screen with `popViewControllerWithAnimated`, animated.
     void zrTNavigationBar_backButtonClicked(ZRTNavigationBar* bar, UIButton* button) override;
-    /// Likewise, where there is something to pop or to dismiss.
+    /// Leaves the screen likewise, where there is something to pop or to dismiss.
     bool accessibilityPerformEscape() override;
 
     /// Gives the view a very light grey ground, and the screen its bar.

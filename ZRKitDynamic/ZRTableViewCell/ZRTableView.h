@@ -27,7 +27,7 @@ public:
     virtual void tableViewCellSwiped(UITableViewCell* cell);
     /// The data source's actions for the cell's row.
     virtual std::vector<Ref<ZRTableViewRowAction>> tableViewSwippedActions(UITableViewCell* cell);
-    /// The data source's answer for the cell's row.
+    /// Whether the cell's row can be swiped open: the data source's answer.
     virtual bool zrCanEditRowAtIndexPath(UITableViewCell* cell);
     /// Runs the block of the button's action, then forgets the open cell and scrolls again; the cell stays as it is.
     /// Nothing happens when there is no block. The block may do anything, delete the row or let go of the table
@@ -35,7 +35,7 @@ public:
     virtual void tableViewCellSwipedButtonClicked_button(UITableViewCell* cell, ZRTableViewRowButton* button);
     /// @}
 
-    /// Closes the row that is open; only without one the touch counts.
+    /// Closes the row that is open; the touch counts only when none is.
     void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
 
 protected:

@@ -49,11 +49,11 @@ public:
     /// @name Parts
     /// In the content view, kept by the cell.
     /// @{
-    /// While it has no image its frame is zero; with one, a zero frame becomes 32 x 32 points at the left, in the
-    /// middle of the height. Any other frame is the caller's and stays, in cells that are used again too. Give the cell
-    /// its accessory first: that lays it out, and a cell that is in no table yet is 44 points high.
+    /// The icon. While it has no image its frame is zero; with one, a zero frame becomes 32 x 32 points at the left, in
+    /// the middle of the height. Any other frame is the caller's and stays, in cells that are used again too. Give the
+    /// cell its accessory first: that lays it out, and a cell that is in no table yet is 44 points high.
     UIImageView* zrImageView() const { return m_zrImageView; }
-    /// 17 points, dark grey.
+    /// The title, 17 points, dark grey.
     UILabel* zrTextLabel() const { return m_zrTextLabel; }
     /// The second line, 15 points, grey, in two lines. Its height, 44 points at first, is the caller's and stays.
     UILabel* zrDetailTextLabel() const { return m_zrDetailTextLabel; }
@@ -63,7 +63,7 @@ public:
     UILabel* zrAccessoryLabel() const { return m_zrAccessoryLabel; }
     /// @}
 
-    /// The initialiser's. Another one changes nothing in a cell that is made.
+    /// The style that the initialiser was given. Another one changes nothing in a cell that is made.
     std::int64_t zrTableViewCellStyle() const { return m_zrTableViewCellStyle; }
     virtual void setZrTableViewCellStyle(std::int64_t style) { m_zrTableViewCellStyle = style; }
 
@@ -73,9 +73,10 @@ public:
     /// one does nothing. A new check box is not checked, whatever the flag; a new check mark sets the flag.
     std::int64_t zrAccessoryType() const { return m_zrAccessoryType; }
     virtual void setZrAccessoryType(std::int64_t type);
-    /// The type's, or one set by the caller; nil at first. It keeps its size. Setting moves the view here from where it
-    /// was, and takes the one held before out of whatever view it is in: a view that another cell holds too goes wrong
-    /// there. The cell itself, its content view and the views that they are in are ignored.
+    /// What shows at the right: the type's view, or one set by the caller; nil at first. It keeps its size. Setting
+    /// moves the view here from where it was, and takes the one held before out of whatever view it is in: a view that
+    /// another cell holds too goes wrong there. The cell itself, its content view and the views that they are in are
+    /// ignored.
     UIView* zrAccessoryView() const { return m_zrAccessoryView; }
     virtual void setZrAccessoryView(UIView* view);
     /// Makes the view of a type without becoming of that type.
@@ -84,13 +85,15 @@ public:
 
     /// @name State
     /// @{
-    /// False at first; every tap of the row toggles it, whatever the accessory. Setting it calls no block.
+    /// Whether the row is checked; false at first. Every tap of the row toggles it, whatever the accessory. Setting it
+    /// calls no block.
     bool checkBoxSelected() const { return m_checkBoxSelected; }
     virtual void setCheckBoxSelected(bool selected);
-    /// Whether the hairline begins at the cell's left edge, instead of where the icon or the title does.
+    /// Whether the hairline begins at the cell's left edge, instead of where the icon or the title does; false at
+    /// first.
     bool showFullLine() const { return m_showFullLine; }
     virtual void setShowFullLine(bool full) { m_showFullLine = full; }
-    /// Whether a row with a switch is darkened by touches as others are.
+    /// Whether a row with a switch is darkened by touches as others are; false at first.
     bool showSelectedStyle() const { return m_showSelectedStyle; }
     virtual void setShowSelectedStyle(bool shows) { m_showSelectedStyle = shows; }
     /// @}
@@ -99,36 +102,46 @@ public:
     /// Copied; nil at first. They may do anything to the cell, let go of it included. Each call is one of a copy: what
     /// a block remembers lies outside of it.
     /// @{
+    /// Called after a touch has changed the switch, with its new state.
     const std::function<void(bool on)>& switchValueChangedBlock() const { return m_switchValueChangedBlock; }
     virtual void setSwitchValueChangedBlock(std::function<void(bool on)> block) {
         m_switchValueChangedBlock = std::move(block);
     }
+    /// Called after a tap of the button at the right.
     const std::function<void()>& cellAccessoryButtonBlock() const { return m_cellAccessoryButtonBlock; }
     virtual void setCellAccessoryButtonBlock(std::function<void()> block) {
         m_cellAccessoryButtonBlock = std::move(block);
     }
-    /// The new `checkBoxSelected`, after a tap of the row or its check box.
+    /// Called after a tap of the row or of its check box, with the new `checkBoxSelected`.
     const std::function<void(bool selected)>& cellMultSelectBlock() const { return m_cellMultSelectBlock; }
     virtual void setCellMultSelectBlock(std::function<void(bool selected)> block) {
         m_cellMultSelectBlock = std::move(block);
     }
-    /// After a tap of the row; last of all.
+    /// Called after a tap of the row, as the last of all.
     const std::function<void()>& cellSelectedBlock() const { return m_cellSelectedBlock; }
     virtual void setCellSelectedBlock(std::function<void()> block) { m_cellSelectedBlock = std::move(block); }
     /// @}
 
     /// @name Actions of the accessories
     /// @{
+    /// A tap of the button: runs `cellAccessoryButtonBlock`.
     virtual void accessoryButtonClicked(UIButton* sender);
+    /// A tap of the check box: toggles `checkBoxSelected`, then runs `cellMultSelectBlock`.
     virtual void checkBoxButtonClicked(UIButton* sender);
+    /// A touch has changed the switch: runs `switchValueChangedBlock`.
     virtual void switchButtonClicked(ZRSwitch* sender);
     /// @}
 
+    /// Places icon, accessory, texts and hairline, in this order.
     void layoutSubviews() override;
     /// Also ends the fade of the last touch, which was on another row.
     void prepareForReuse() override;
+
+    /// Darkens the row.
     void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
+    /// The row fades back to white.
     void touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event) override;
+    /// The row fades back to white; `checkBoxSelected` is toggled, and the blocks run.
     void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event) override;
 
 protected:

@@ -38,15 +38,15 @@ public:
     /// The strip of buttons, a subview of the cell; made of the table's actions when there is none. It goes when the
     /// row has closed.
     virtual UIView* zrEditingView();
-    /// The table's answer; false outside of a `ZRTableView`.
+    /// Whether the row can be swiped open: the table's answer, false outside of a `ZRTableView`.
     virtual bool zrCanEditing() const;
 
     /// @name Closing
     /// Both let the table scroll, and other rows be swiped.
     /// @{
-    /// Within 0.2 s.
+    /// Closes the row within 0.2 s.
     virtual void removeCellSwipped();
-    /// At once. For applications, after an action that leaves the row in its place.
+    /// Closes the row at once. For applications, after an action that leaves the row in its place.
     virtual void resetSwipButton();
     /// @}
 
@@ -71,7 +71,9 @@ public:
     /// A drag goes together with other gestures while it has no vertical speed to speak of: 0.2 points a second.
     bool gestureRecognizer_shouldRecognizeSimultaneouslyWithGestureRecognizer(UIGestureRecognizer* recognizer,
                                                                               UIGestureRecognizer* other) override;
+    /// A row whose width has changed closes; else content and strip stay where they are.
     void layoutSubviews() override;
+    /// The row closes at once: it comes into a table or leaves one.
     void willMoveToSuperview(UIView* superview) override;
 
 protected:

@@ -24,13 +24,13 @@ public:
                                                                              const NSString& title,
                                                                              const ZRTableViewRowActionBlock& handler);
 
-    /// Nil, for a button without title, at first.
+    /// What the button says; nil, at first, for nothing.
     const NSString& title() const { return m_title; }
     virtual void setTitle(const NSString& title) { m_title = title; }
-    /// Kept; nil, for a clear button, at first.
+    /// The button's ground; kept. Nil, for a clear button, at first.
     UIColor* backgroundColor() const { return m_backgroundColor; }
     virtual void setBackgroundColor(UIColor* color) { m_backgroundColor = color; }
-    /// In points, 0 at first. The button of a width that is negative or no number has none.
+    /// How wide the button is, in points; 0 at first. One of a width that is negative or no number has none.
     CGFloat buttonWidth() const { return m_buttonWidth; }
     virtual void setButtonWidth(CGFloat width) { m_buttonWidth = width; }
     /// Run when the button is tapped; the row stays open until it is reset, is reloaded or leaves the table otherwise,

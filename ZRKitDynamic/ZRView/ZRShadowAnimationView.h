@@ -17,6 +17,8 @@ public:
     /// is replaced stays in the view. Without one colours change at once.
     UIImageView* endView() const { return m_endView; }
     virtual void setEndView(UIImageView* view) { m_endView = view; }
+
+    /// At once, without a fade.
     void setBackgroundColor(UIColor* color) override;
 
     /// Fades from one colour to another within `duration` seconds; 0, less, or not a number switches at once. A nil
