@@ -30,16 +30,17 @@ class UITouch;
 /// Posted by the application after its delegate has started it.
 inline constexpr const char* UIApplicationDidFinishLaunchingNotification =
     "UIApplicationDidFinishLaunchingNotification";
-/// After the screen has turned.
+/// Posted by the application after the screen has turned.
 inline constexpr const char* UIApplicationDidChangeStatusBarOrientationNotification =
     "UIApplicationDidChangeStatusBarOrientationNotification";
 /// For applications and hosts to post; view controllers then get `didReceiveMemoryWarning`.
 inline constexpr const char* UIApplicationDidReceiveMemoryWarningNotification =
     "UIApplicationDidReceiveMemoryWarningNotification";
 
-/// Posted around a change of the status bar's frame; the one after it inside the animation of the change.
+/// Posted by the application before the status bar's frame changes.
 inline constexpr const char* UIApplicationWillChangeStatusBarFrameNotification =
     "UIApplicationWillChangeStatusBarFrameNotification";
+/// Posted by the application after it has changed, inside the animation of the change.
 inline constexpr const char* UIApplicationDidChangeStatusBarFrameNotification =
     "UIApplicationDidChangeStatusBarFrameNotification";
 
@@ -56,8 +57,9 @@ enum UIStatusBarAnimation : NSInteger {
 /// The application's own part: what to do at start and end.
 class UIApplicationDelegate : public UIResponder {
 public:
-    /// Make the windows here. False ends the program.
+    /// The program has started: make the windows here. False ends it.
     virtual bool applicationDidFinishLaunching(UIApplication*) { return true; }
+    /// The program is about to end: the last moment to keep something. Does nothing unless overridden.
     virtual void applicationWillTerminate(UIApplication*) {}
 };
 
@@ -82,6 +84,7 @@ public:
     UIResponder* firstResponder() const;
     /// Where the keyboard is; nil while it is nowhere. See `UIView::canBecomeFocused`.
     UIView* focusedView() const;
+    /// How the interface stands.
     UIInterfaceOrientation statusBarOrientation() const;
     /// Turns the device: the screen's bounds follow, and `UIApplicationDidChangeStatusBarOrientationNotification` is
     /// posted. When a view controller in front does not allow it, everything stays as it is; see
@@ -96,28 +99,32 @@ public:
     /// @{
     /// In points of the screen; the zero rectangle while it is hidden.
     CGRect statusBarFrame() const;
+    /// Whether there is no status bar to stay clear of; false at first.
     bool isStatusBarHidden() const { return m_statusBar.hidden; }
+    /// The same as `setStatusBarHidden_withAnimation` without an animation.
     void setStatusBarHidden(bool hidden) { setStatusBarHidden_withAnimation(hidden, UIStatusBarAnimationNone); }
-    /// With an animation, what lies below it moves in 0.35 s.
+    /// Hides the status bar or shows it. With an animation, what lies below it moves in 0.35 s.
     void setStatusBarHidden_withAnimation(bool hidden, UIStatusBarAnimation animation);
+    /// What letters are wished for; dark ones at first. Setting it changes nothing that is drawn.
     UIStatusBarStyle statusBarStyle() const { return m_statusBar.style; }
     void setStatusBarStyle(UIStatusBarStyle style) { m_statusBar.style = style; }
+    /// The same as `setStatusBarStyle`: there is nothing to animate.
     void setStatusBarStyle_animated(UIStatusBarStyle style, bool) { setStatusBarStyle(style); }
     /// @}
 
     /// @name Debugging
     /// @{
-    /// What is on now; nothing at first.
+    /// What helps with debugging and is on now; nothing at first.
     const DebugAids& debugAids() const { return m_debugAids; }
-    /// From the next frame on; slow motion at once. Numbers out of range are cut to it.
+    /// Turns such aids on and off: from the next frame on, slow motion at once. Numbers out of range are cut to it.
     void setDebugAids(const DebugAids& aids);
     /// @}
 
-    /// Between the two, touches are ignored. Calls nest.
+    /// From here to `endIgnoringInteractionEvents` touches are ignored. Calls nest.
     void beginIgnoringInteractionEvents() { ++m_ignoringInteractionEvents; }
-    /// Ends the latest of them.
+    /// Ends the latest `beginIgnoringInteractionEvents`.
     void endIgnoringInteractionEvents();
-    /// Whether that is so now.
+    /// Whether touches are ignored now.
     bool isIgnoringInteractionEvents() const { return m_ignoringInteractionEvents > 0; }
     /// Sends `action` to `target`; when that is nil, to whoever takes it first upwards of the first responder, else
     /// upwards of `sender`. False when nobody did.
@@ -125,7 +132,7 @@ public:
 
     /// @name The host's side
     /// @{
-    /// Not kept; null when the host goes.
+    /// Who drives the application; not kept, and null once the host has gone.
     UIApplicationHost* host() const { return m_host; }
     void setHost(UIApplicationHost* host);
     /// Makes `delegate` the application's, lets it start, and posts `UIApplicationDidFinishLaunchingNotification`.
@@ -133,29 +140,34 @@ public:
     bool launch(UIApplicationDelegate* delegate);
     /// Tells the delegate, if there is one, that the end has come. The application lets go of it as it goes.
     void terminate();
-    /// One finger: `identifier` tells fingers apart, the place is in points of the screen.
+    /// A finger goes down: `identifier` tells fingers apart, the place is in points of the screen.
     void touchBegan(std::int64_t identifier, CGPoint location);
+    /// That finger is somewhere else now.
     void touchMoved(std::int64_t identifier, CGPoint location);
+    /// That finger goes up, at this place.
     void touchEnded(std::int64_t identifier, CGPoint location);
+    /// That finger is not the application's any more: what it touches is told of a cancellation.
     void touchCancelled(std::int64_t identifier);
     /// A wheel, or two fingers on a trackpad, over that place: what scrolls there does so by `delta` points, positive
     /// ones towards the end of its content. False when nothing does.
     bool wheelTurned(CGPoint location, CGPoint delta);
     /// Typed text, to the first responder. False when nobody takes text.
     bool insertText(const NSString& text);
+    /// What an input method is composing, to the first responder; see `UITextInput`. False when nobody takes text.
     bool setMarkedText_selectedRange(const NSString& text, NSRange range);
     /// A key that is not text: for the first responder, else for the view where the keyboard is. What both leave moves
     /// the keyboard about; see `UIView::canBecomeFocused`.
     bool keyPressed(UIKey key, unsigned modifiers) override;
-    /// With the control key: 'a', 'c', 'v' and 'x'.
+    /// The control key with 'a', 'c', 'v' or 'x': select all, copy, paste, cut. False when nobody used it.
     bool clipboardKey(char letter);
     /// When a frame would show something new, a moment that has passed already for at once; none when nothing would
     /// until something is changed.
     std::optional<Nanoseconds> nextFrameTime() const;
-    /// Whether that is now.
+    /// Whether a frame would show something new now.
     bool needsFrame() const;
     /// Ends a turn: layout, display, animations start, composition. Returns the picture; see `Compositor::damage`.
     Compositor& commitFrame();
+    /// What makes the pictures: another one after the screen's size in pixels has changed.
     Compositor& compositor();
     /// @}
 

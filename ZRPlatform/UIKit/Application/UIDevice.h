@@ -37,7 +37,9 @@ struct DeviceProfile {
     CGSize screenSize{375, 667};
     /// Pixels a point.
     CGFloat scale = 2;
+    /// What `UIDevice::systemVersion` tells.
     NSString systemVersion = "8.4";
+    /// How the interface stands.
     UIInterfaceOrientation orientation = UIInterfaceOrientationPortrait;
 
     /// "375x667@2", and any other size by number; nothing when the text says something else or a number is not within
@@ -52,9 +54,10 @@ class UIDevice : public NSObject {
 public:
     /// The one of the process.
     static UIDevice* currentDevice();
-    /// For example "8.4".
+    /// The version of the system that the program believes to run on, for example "8.4".
     const NSString& systemVersion() const;
 
+    /// What the device is like.
     const DeviceProfile& profile() const { return m_profile; }
     /// Takes effect for everything that asks from now on; hosts set it before the application starts.
     void setProfile(const DeviceProfile& profile);

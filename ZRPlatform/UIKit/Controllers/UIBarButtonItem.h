@@ -22,10 +22,11 @@ enum UIBarButtonItemStyle : NSInteger {
 /// A button at the side of a navigation bar: a title, a picture or any view.
 class UIBarButtonItem : public UIBarItem {
 public:
-    /// A tap sends `action` to `target`, with the item and the event; the target is held weakly, and nil stands for the
-    /// responder chain.
+    /// An item with a title. A tap sends `action` to `target`, with the item and the event; the target is held weakly,
+    /// and nil stands for the responder chain.
     virtual bool initWithTitle_style_target_action(const NSString& title, UIBarButtonItemStyle style, NSObject* target,
                                                    SEL action);
+    /// The same with a picture in place of the title; nil makes an item that shows nothing.
     virtual bool initWithImage_style_target_action(UIImage* image, UIBarButtonItemStyle style, NSObject* target,
                                                    SEL action);
     /// The view keeps its size. Nil makes an item that shows nothing.
@@ -33,12 +34,12 @@ public:
 
     /// As given to the initialiser.
     UIBarButtonItemStyle style() const { return m_style; }
-    /// Nil but for an item that was made with one.
+    /// The view that shows in place of title and picture; kept. Nil but for an item that was made with one.
     UIView* customView() const { return m_customView; }
-    /// Held weakly; nil stands for the responder chain.
+    /// Who is told of a tap; held weakly. Nil stands for the responder chain.
     NSObject* target() const { return m_target; }
     void setTarget(NSObject* target);
-    /// Nil sends nothing.
+    /// What the target is sent at a tap; nil sends nothing.
     SEL action() const { return m_action; }
     void setAction(SEL action) { m_action = action; }
 

@@ -9,16 +9,16 @@ namespace zr {
 /// What an item in a bar has: a title, a picture, and whether it can be tapped.
 class UIBarItem : public NSObject {
 public:
-    /// Nil for none.
+    /// What the item says; nil for nothing.
     const NSString& title() const { return m_title; }
     virtual void setTitle(const NSString& title);
-    /// Nil for none.
+    /// The item's picture; nil for none.
     UIImage* image() const { return m_image; }
     virtual void setImage(UIImage* image);
-    /// True at first.
+    /// Whether it can be tapped; true at first.
     bool isEnabled() const { return m_enabled; }
     virtual void setEnabled(bool enabled);
-    /// For the application's own use.
+    /// For the application's own use; 0 at first.
     NSInteger tag() const { return m_tag; }
     void setTag(NSInteger tag) { m_tag = tag; }
 

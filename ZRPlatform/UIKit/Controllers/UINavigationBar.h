@@ -25,13 +25,14 @@ public:
     const std::vector<Ref<UINavigationItem>>& items() const { return m_items; }
     /// Shows other items, without animation. Nil ones are left out.
     virtual void setItems(const std::vector<Ref<UINavigationItem>>& items);
-    /// The one that is shown, and the one below it, which the way back leads to. Nil for none.
+    /// The item that is shown; nil for none.
     UINavigationItem* topItem() const;
+    /// The item below it, which the way back leads to; nil for none.
     UINavigationItem* backItem() const;
-    /// Behind everything; nearly white at first, and when nil.
+    /// The ground of the bar; kept. Nearly white at first, and when nil.
     UIColor* barTintColor() const { return m_barTintColor; }
     virtual void setBarTintColor(UIColor* color);
-    /// Of titles; black at first, and when nil.
+    /// The colour of the titles; kept. Black at first, and when nil.
     UIColor* titleColor() const { return m_titleColor; }
     virtual void setTitleColor(UIColor* color);
 

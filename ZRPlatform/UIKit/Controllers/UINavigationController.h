@@ -18,9 +18,10 @@ class UIScreenEdgePanGestureRecognizer;
 class UINavigationControllerDelegate {
 public:
     virtual ~UINavigationControllerDelegate() = default;
-    /// After the screen's `viewWillAppear`, and after its `viewDidAppear`.
+    /// A screen comes to the top: told after its `viewWillAppear`.
     virtual void navigationController_willShowViewController_animated(UINavigationController*, UIViewController*,
                                                                       bool /*animated*/) {}
+    /// It has come: told after its `viewDidAppear`.
     virtual void navigationController_didShowViewController_animated(UINavigationController*, UIViewController*,
                                                                      bool /*animated*/) {}
 };
@@ -43,26 +44,30 @@ public:
 
     /// @name Stack
     /// @{
-    /// Lowest first.
+    /// The stack, lowest first.
     const std::vector<Ref<UIViewController>>& viewControllers() const { return m_stack; }
     /// Screens that are not in the new stack leave, new ones come. Animated, it is a pop when the new top was in the
     /// stack below the old one, else a push. What `pushViewController` ignores is left out.
     virtual void setViewControllers_animated(const std::vector<Ref<UIViewController>>& controllers, bool animated);
+    /// The same as `setViewControllers_animated`, not animated.
     void setViewControllers(const std::vector<Ref<UIViewController>>& controllers) {
         setViewControllers_animated(controllers, false);
     }
-    /// Nil when the stack is empty.
+    /// The screen that was pushed last; nil when the stack is empty.
     UIViewController* topViewController() const;
     /// What the top screen, or this controller, presents; else the top screen.
     UIViewController* visibleViewController() const;
-    /// Ignored and logged: nil, a screen that is in the stack already, a navigation controller (this one included), a
-    /// controller that contains this one, one that has another parent, is presented or is a window's root.
+    /// Puts the screen on top of the stack and shows it. Ignored and logged: nil, a screen that is in the stack
+    /// already, a navigation controller (this one included), a controller that contains this one, one that has another
+    /// parent, is presented or is a window's root.
     virtual void pushViewController_animated(UIViewController* controller, bool animated);
-    /// The screen popped; nil when there is only one, which stays.
+    /// Takes the top screen off the stack and returns it; nil when there is only one, which stays.
     virtual Ref<UIViewController> popViewControllerAnimated(bool animated);
-    /// The screens popped, lowest first. A screen that is not in the stack is logged, and pops nothing.
+    /// Takes the screens above this one off the stack and returns them, lowest first. A screen that is not in the stack
+    /// is logged, and pops nothing.
     virtual std::vector<Ref<UIViewController>> popToViewController_animated(UIViewController* controller,
                                                                             bool animated);
+    /// Takes all screens but the lowest off the stack and returns them, lowest first.
     virtual std::vector<Ref<UIViewController>> popToRootViewControllerAnimated(bool animated);
     /// Pops, animated.
     bool accessibilityPerformEscape() override;
@@ -70,17 +75,17 @@ public:
 
     /// @name Bar
     /// @{
-    /// 44 points below the status bar.
+    /// The controller's own bar, 44 points high below the status bar; never nil.
     UINavigationBar* navigationBar();
-    /// The screens that do not extend below the bar use its room. Hiding the bar's view (`setHidden`) instead changes
-    /// no layout.
+    /// Whether the bar is away; false at first. The screens that do not extend below the bar use its room then. Hiding
+    /// the bar's view (`setHidden`) instead changes no layout.
     bool isNavigationBarHidden() const { return m_isBarHidden; }
     void setNavigationBarHidden(bool hidden) { setNavigationBarHidden_animated(hidden, false); }
-    /// Animated, it slides over the upper edge in 0.2 s.
+    /// Animated, the bar slides over the upper edge in 0.2 s.
     virtual void setNavigationBarHidden_animated(bool hidden, bool animated);
     /// @}
 
-    /// Not kept.
+    /// Told of the screens that come to the top; not kept. Nil at first.
     UINavigationControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(const Delegate<UINavigationControllerDelegate>& delegate) { m_delegate = delegate; }
     /// Attached to this controller's view, which it loads. A finger that comes in from the left edge of the window
@@ -99,11 +104,15 @@ public:
     void viewDidAppear(bool animated) override;
     void viewWillDisappear(bool animated) override;
     void viewDidDisappear(bool animated) override;
+    /// No: the controller tells its screens itself.
     bool shouldAutomaticallyForwardAppearanceMethods() const override { return false; }
-    /// The top screen's.
+    /// The top screen's answer; yes without one.
     bool shouldAutorotate() const override;
+    /// The top screen's answer.
     NSUInteger supportedInterfaceOrientations() const override;
+    /// The top screen.
     UIViewController* childViewControllerForStatusBarStyle() const override { return topViewController(); }
+    /// The top screen.
     UIViewController* childViewControllerForStatusBarHidden() const override { return topViewController(); }
 
 protected:

@@ -20,17 +20,18 @@ class UITabBar : public UIView {
 public:
     bool initWithFrame(CGRect frame) override;
 
+    /// From left to right; kept.
     const std::vector<Ref<UITabBarItem>>& items() const { return m_items; }
     /// Nil ones are left out. The selected one stays so when it is among them; else none is.
     virtual void setItems(const std::vector<Ref<UITabBarItem>>& items);
-    /// Nil for none.
+    /// The item of the selected tab; nil for none.
     UITabBarItem* selectedItem() const { return m_selectedItem; }
     /// Ignored when it is not in the bar. The delegate is not told.
     virtual void setSelectedItem(UITabBarItem* item);
-    /// Not kept.
+    /// Told of taps on the tabs; not kept. Nil at first.
     UITabBarDelegate* delegate() const { return m_delegate; }
     void setDelegate(const Delegate<UITabBarDelegate>& delegate) { m_delegate = delegate; }
-    /// Behind everything; nearly white at first, and when nil.
+    /// The ground of the bar; kept. Nearly white at first, and when nil.
     UIColor* barTintColor() const { return m_barTintColor; }
     virtual void setBarTintColor(UIColor* color);
 

@@ -10,9 +10,9 @@ namespace zr {
 class UITabBarControllerDelegate {
 public:
     virtual ~UITabBarControllerDelegate() = default;
-    /// No leaves the selection as it is.
+    /// Asked at a tap. No leaves the selection as it is.
     virtual bool tabBarController_shouldSelectViewController(UITabBarController*, UIViewController*) { return true; }
-    /// Also when it was selected already.
+    /// Told of a tap, also when the screen was selected already.
     virtual void tabBarController_didSelectViewController(UITabBarController*, UIViewController*) {}
 };
 
@@ -31,20 +31,21 @@ public:
     /// The selected screen stays so when it is among them; else the one at its index is selected, else the first. Left
     /// out and logged: nil, one that is there twice, and what cannot be a child.
     virtual void setViewControllers_animated(const std::vector<Ref<UIViewController>>& controllers, bool animated);
+    /// The same as `setViewControllers_animated`; nothing is animated.
     void setViewControllers(const std::vector<Ref<UIViewController>>& controllers) {
         setViewControllers_animated(controllers, false);
     }
-    /// `NSNotFound` when there are no screens.
+    /// The selected screen's place among the tabs, from 0; `NSNotFound` when there are no screens.
     NSUInteger selectedIndex() const;
     /// Indices out of range are ignored.
     virtual void setSelectedIndex(NSUInteger index);
-    /// Nil when there are no screens.
+    /// The screen that is shown; nil when there are no screens.
     UIViewController* selectedViewController() const { return m_selected; }
     /// One that is not among them is ignored.
     virtual void setSelectedViewController(UIViewController* controller);
-    /// At the lower edge. Its items are the screens'; its delegate is the controller.
+    /// The controller's own bar, at the lower edge. Its items are the screens'; its delegate is the controller.
     UITabBar* tabBar();
-    /// Not kept.
+    /// Asked and told of taps; not kept. Nil at first.
     UITabBarControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(const Delegate<UITabBarControllerDelegate>& delegate) { m_delegate = delegate; }
 
@@ -53,12 +54,17 @@ public:
     void viewDidAppear(bool animated) override;
     void viewWillDisappear(bool animated) override;
     void viewDidDisappear(bool animated) override;
+    /// No: the controller tells its screens itself.
     bool shouldAutomaticallyForwardAppearanceMethods() const override { return false; }
-    /// Whether all screens would; what all of them support.
+    /// Whether all screens would.
     bool shouldAutorotate() const override;
+    /// What all screens support.
     NSUInteger supportedInterfaceOrientations() const override;
+    /// The selected screen.
     UIViewController* childViewControllerForStatusBarStyle() const override { return m_selected; }
+    /// The selected screen.
     UIViewController* childViewControllerForStatusBarHidden() const override { return m_selected; }
+    /// Selects the tab's screen, if the delegate lets it.
     void tabBar_didSelectItem(UITabBar* bar, UITabBarItem* item) override;
 
 protected:

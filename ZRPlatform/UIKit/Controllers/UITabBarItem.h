@@ -13,9 +13,10 @@ class UITabBarItem : public UIBarItem {
 public:
     /// Title and images may be nil.
     virtual bool initWithTitle_image_tag(const NSString& title, UIImage* image, NSInteger tag);
+    /// The same with a picture of its own for the selected tab, and 0 as the tag.
     virtual bool initWithTitle_image_selectedImage(const NSString& title, UIImage* image, UIImage* selectedImage);
 
-    /// Shown while the tab is selected; `image` when nil.
+    /// Shown while the tab is selected; with nil `image` is. Kept.
     UIImage* selectedImage() const { return m_selectedImage; }
     virtual void setSelectedImage(UIImage* image);
 

@@ -64,45 +64,57 @@ public:
 
     /// @name View
     /// @{
-    /// Loads the view the first time, without animating it, be it in the middle of an animation block; never nil.
+    /// The screen's view; never nil. It is loaded the first time, without animating it, be it in the middle of an
+    /// animation block.
     UIView* view();
-    /// A view of another controller is taken from it. Nil: the next use loads the view anew. The old view stays where
-    /// it is.
+    /// Sets the view; one of another controller is taken from it. Nil: the next use loads the view anew. The old view
+    /// stays where it is.
     virtual void setView(UIView* view);
+    /// Nil before the view was loaded.
     UIView* viewIfLoaded() const { return m_view; }
+    /// Whether the view is there.
     bool isViewLoaded() const { return m_view != nullptr; }
+    /// Loads the view, if that was not done.
     void loadViewIfNeeded() { view(); }
     /// Makes the view and hands it to `setView`. The base class makes a plain one as large as the screen, with flexible
     /// width and height; where an override sets none, `view` makes that one.
     virtual void loadView();
     /// Called once a view is loaded.
     virtual void viewDidLoad() {}
-    /// Around the view's own layout.
+    /// Called before the view lays itself out. The base class does nothing.
     virtual void viewWillLayoutSubviews() {}
+    /// Called after it did. The base class does nothing.
     virtual void viewDidLayoutSubviews() {}
     /// @}
 
     /// @name Appearance
     /// @{
+    /// Called before the view comes onto the screen.
     virtual void viewWillAppear(bool animated);
+    /// Called once it is there, after any animation.
     virtual void viewDidAppear(bool animated);
+    /// Called before it leaves the screen.
     virtual void viewWillDisappear(bool animated);
+    /// Called once it has left, after any animation.
     virtual void viewDidDisappear(bool animated);
-    /// For the four messages above: whether they come from this controller's presentation or dismissal, or from its
-    /// coming into its parent or leaving it.
+    /// For the four messages above: whether they come from this controller's presentation.
     bool isBeingPresented() const;
+    /// Whether they come from its dismissal.
     bool isBeingDismissed() const;
+    /// Whether they come from its being added to its parent.
     bool isMovingToParentViewController() const { return m_isMovingToParent; }
+    /// Whether they come from its leaving its parent.
     bool isMovingFromParentViewController() const { return m_isMovingFromParent; }
     /// @}
 
     /// @name Names
     /// @{
+    /// The screen's name. Setting it sets the titles of the navigation item and of the tab bar item too.
     const NSString& title() const { return m_title; }
-    /// Also the navigation item's and the tab bar item's title.
     virtual void setTitle(const NSString& title);
-    /// Made on first use, with the title.
+    /// What a navigation bar shows of the screen; made on first use, with the title.
     virtual UINavigationItem* navigationItem();
+    /// The screen's tab; made on first use, with the title. Nil brings a new one.
     UITabBarItem* tabBarItem();
     virtual void setTabBarItem(UITabBarItem* item);
     /// @}
@@ -110,7 +122,9 @@ public:
     /// @name Parent and children
     /// A container adds a child, adds its view, and tells it that it has moved; and the other way round to remove it.
     /// @{
+    /// The controller that this one is a child of; nil for none.
     UIViewController* parentViewController() const { return m_parent; }
+    /// In the order of their being added; kept.
     const std::vector<Ref<UIViewController>>& childViewControllers() const { return m_children; }
     /// Tells the child that it will move, then keeps it. A child of another controller is removed from that one first.
     /// Ignored and logged: nil, the controller itself, a controller that contains it, one that is presented or a
@@ -120,7 +134,9 @@ public:
     /// An appearance that the parent has begun, and cannot end any more, ends now, unless the container tells by
     /// itself.
     virtual void removeFromParentViewController();
+    /// Called before the parent changes, with the new one; nil for none.
     virtual void willMoveToParentViewController(UIViewController* parent);
+    /// Called after it has changed, and after the movement of the views.
     virtual void didMoveToParentViewController(UIViewController* parent);
     /// Both are children of this one. Takes the second's view in for the first's, in `duration` seconds while
     /// `animations` change what they like, and tells both of their appearance. Ignored and logged when either is no
@@ -129,15 +145,16 @@ public:
         UIViewController* from, UIViewController* to, NSTimeInterval duration, NSUInteger options,
         const std::function<void()>& animations, std::function<void(bool)> completion);
     /// Whether children are told of the appearance with this controller, and of their views' coming into its view and
-    /// leaving it. True here; a container that says no does so by the two operations below.
+    /// leaving it; the base class says yes. A container that says no does so by the two operations below.
     virtual bool shouldAutomaticallyForwardAppearanceMethods() const { return true; }
     /// For containers: the controller is about to (dis)appear. Beginning what is under way or done already does
     /// nothing.
     void beginAppearanceTransition_animated(bool isAppearing, bool animated);
     /// Ends what was begun; nothing without that.
     void endAppearanceTransition();
-    /// The nearest one upwards; nil without.
+    /// The nearest navigation controller that contains this one; nil for none.
     UINavigationController* navigationController() const;
+    /// The nearest tab bar controller that contains this one; nil for none.
     UITabBarController* tabBarController() const;
     /// @}
 
@@ -159,8 +176,10 @@ public:
     UIViewController* presentedViewController() const;
     /// Who presents this one or a controller that contains it.
     UIViewController* presentingViewController() const;
+    /// How this controller comes and goes when it is presented; from below at first.
     UIModalTransitionStyle modalTransitionStyle() const { return m_modalTransitionStyle; }
     virtual void setModalTransitionStyle(UIModalTransitionStyle style) { m_modalTransitionStyle = style; }
+    /// Whether it takes the presenting view away when it is presented; full screen, which does, at first.
     UIModalPresentationStyle modalPresentationStyle() const { return m_modalPresentationStyle; }
     virtual void setModalPresentationStyle(UIModalPresentationStyle style) { m_modalPresentationStyle = style; }
     /// @}
@@ -169,15 +188,18 @@ public:
     /// The screen turns at once: the durations told are 0. Asked is the controller in front in each visible window;
     /// told are those whose views are on the screen, each parent before its children.
     /// @{
+    /// Whether the interface may turn at all while this one is in front; the base class says yes.
     virtual bool shouldAutorotate() const { return true; }
-    /// A sum of `UIInterfaceOrientationMask` values; all but upside down here.
+    /// How the interface may stand while this one is in front, as a sum of `UIInterfaceOrientationMask` values. The
+    /// base class says all but upside down.
     virtual NSUInteger supportedInterfaceOrientations() const { return UIInterfaceOrientationMaskAllButUpsideDown; }
+    /// The interface's present one, whether or not this one is shown.
     UIInterfaceOrientation interfaceOrientation() const;
-    /// Before anything has turned.
+    /// Told before anything has turned.
     virtual void willRotateToInterfaceOrientation_duration(UIInterfaceOrientation, NSTimeInterval) {}
-    /// The views have their new sizes, but are not laid out yet.
+    /// Told when the views have their new sizes, but are not laid out yet.
     virtual void willAnimateRotationToInterfaceOrientation_duration(UIInterfaceOrientation, NSTimeInterval) {}
-    /// Laid out.
+    /// Told when all is laid out.
     virtual void didRotateFromInterfaceOrientation(UIInterfaceOrientation) {}
     /// Turns the interface as the user holds the device, if that is allowed now and was not before.
     static void attemptRotationToDeviceOrientation();
@@ -185,13 +207,17 @@ public:
 
     /// @name Status bar
     /// @{
+    /// What letters the status bar should have; the base class says dark ones.
     virtual UIStatusBarStyle preferredStatusBarStyle() const { return UIStatusBarStyleDefault; }
+    /// Whether the status bar should be away; the base class says no.
     virtual bool prefersStatusBarHidden() const { return false; }
+    /// How what lies below it moves when that changes; the base class says by a fade.
     virtual UIStatusBarAnimation preferredStatusBarUpdateAnimation() const { return UIStatusBarAnimationFade; }
-    /// Who is asked in this one's stead; nil for itself.
+    /// The child that is asked for the style in this one's stead; nil for itself.
     virtual UIViewController* childViewControllerForStatusBarStyle() const { return nullptr; }
+    /// The child that is asked whether to hide it in this one's stead; nil for itself.
     virtual UIViewController* childViewControllerForStatusBarHidden() const { return nullptr; }
-    /// The answers have changed.
+    /// To be called when the answers have changed.
     void setNeedsStatusBarAppearanceUpdate();
     /// @}
 

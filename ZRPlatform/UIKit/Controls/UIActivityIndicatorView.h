@@ -30,22 +30,23 @@ public:
     /// The style is white.
     bool initWithFrame(CGRect frame) override;
 
+    /// The size and the colour that the fins have; white unless it was set.
     UIActivityIndicatorViewStyle activityIndicatorViewStyle() const { return m_style; }
     /// Gives the view the size and the colour of the style; the frame's origin stays. What is no style counts as white.
     virtual void setActivityIndicatorViewStyle(UIActivityIndicatorViewStyle style);
-    /// Of the bright fin; never nil. Nil sets the style's: white or gray.
+    /// The bright fin's colour; never nil. Nil sets the style's: white or gray.
     UIColor* color() const { return m_color; }
     virtual void setColor(UIColor* color);
-    /// True at first. Setting it hides or shows a spinner that is stopped; starting and stopping hide and show the view
-    /// while it is true, and leave `hidden` alone otherwise.
+    /// Whether it shows only while it spins; true at first. Setting it hides or shows a spinner that is stopped;
+    /// starting and stopping hide and show the view while it is true, and leave `hidden` alone otherwise.
     bool hidesWhenStopped() const { return m_hidesWhenStopped; }
     virtual void setHidesWhenStopped(bool hides);
 
-    /// From the topmost fin on. Ignored while it runs.
+    /// Starts to spin, from the topmost fin on. Ignored while it spins.
     virtual void startAnimating();
-    /// At once. Ignored while it stands still.
+    /// Stands still at once. Ignored while it does.
     virtual void stopAnimating();
-    /// Between the two, shown or not.
+    /// Whether it spins, shown or not.
     bool isAnimating() const { return m_animating; }
 
     void setHidden(bool hidden) override;

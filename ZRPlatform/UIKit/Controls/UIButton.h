@@ -43,22 +43,38 @@ public:
     /// `state` is a sum of `UIControlState` values. The getters give what the state shows, the normal state's value
     /// where it has none of its own.
     /// @{
+    /// The text of the state; nil takes the state's own away.
     virtual void setTitle_forState(const NSString& title, NSUInteger state);
+    /// The text's colour; kept. Nil takes the state's own away.
     virtual void setTitleColor_forState(UIColor* color, NSUInteger state);
+    /// The colour of the title's shadow; kept. Nil takes the state's own away.
     virtual void setTitleShadowColor_forState(UIColor* color, NSUInteger state);
+    /// The image beside the title; kept. Nil takes the state's own away.
     virtual void setImage_forState(UIImage* image, NSUInteger state);
+    /// The image behind both, as large as the button; kept. Nil takes the state's own away.
     virtual void setBackgroundImage_forState(UIImage* image, NSUInteger state);
+
+    /// The text of the state; nil where none was set, neither for it nor for the normal one.
     NSString titleForState(NSUInteger state) const;
-    /// White (custom) or the tint colour (system), grey for a disabled system button, where none was set.
+    /// The text's colour. Where none was set: white (custom) or the tint colour (system), grey for a disabled system
+    /// button.
     UIColor* titleColorForState(NSUInteger state) const;
-    /// Nil, for no shadow, where none was set.
+    /// The colour of the text's shadow; nil, for no shadow, where none was set.
     UIColor* titleShadowColorForState(NSUInteger state) const;
+    /// The image beside the title; nil where none was set.
     UIImage* imageForState(NSUInteger state) const;
+    /// The image behind both; nil where none was set.
     UIImage* backgroundImageForState(NSUInteger state) const;
+
+    /// The text of the state that the button is in.
     NSString currentTitle() const { return titleForState(state()); }
+    /// The text's colour in that state.
     UIColor* currentTitleColor() const { return titleColorForState(state()); }
+    /// The colour of the text's shadow in that state.
     UIColor* currentTitleShadowColor() const { return titleShadowColorForState(state()); }
+    /// The image beside the title in that state.
     UIImage* currentImage() const { return imageForState(state()); }
+    /// The image behind both in that state.
     UIImage* currentBackgroundImage() const { return backgroundImageForState(state()); }
     /// @}
 
@@ -66,14 +82,16 @@ public:
     /// Made when first asked for or needed; the button keeps them, and sets their text, colours, images and frames.
     /// Fonts are the caller's to set: 18 points for custom buttons and 15 for system ones at first.
     /// @{
+    /// Shows the title; never nil.
     UILabel* titleLabel();
+    /// Shows the image, not the background image; never nil.
     UIImageView* imageView();
     /// @}
 
     /// Whether a highlighted button without an image for that state shows the normal one darkened; true at first.
     bool adjustsImageWhenHighlighted() const { return m_adjustsImageWhenHighlighted; }
     virtual void setAdjustsImageWhenHighlighted(bool adjusts);
-    /// Whether a disabled one shows it at half opacity; true at first.
+    /// Whether a disabled button without an image for that state shows the normal one at half opacity; true at first.
     bool adjustsImageWhenDisabled() const { return m_adjustsImageWhenDisabled; }
     virtual void setAdjustsImageWhenDisabled(bool adjusts);
 
@@ -81,15 +99,23 @@ public:
     /// Image and title stand side by side and are aligned as a pair, within the bounds less the content insets. The
     /// image's and the title's own insets are taken from that rectangle for the one part only.
     /// @{
+    /// Between the bounds and the pair, in points; zero at first.
     UIEdgeInsets contentEdgeInsets() const { return m_contentEdgeInsets; }
     virtual void setContentEdgeInsets(UIEdgeInsets insets);
+    /// Of the title alone, in points; zero at first.
     UIEdgeInsets titleEdgeInsets() const { return m_titleEdgeInsets; }
     virtual void setTitleEdgeInsets(UIEdgeInsets insets);
+    /// Of the image alone, in points; zero at first.
     UIEdgeInsets imageEdgeInsets() const { return m_imageEdgeInsets; }
     virtual void setImageEdgeInsets(UIEdgeInsets insets);
+
+    /// Where the background image lies: all of the bounds. To be overridden, as the next three.
     virtual CGRect backgroundRectForBounds(CGRect bounds) const;
+    /// Where image and title may lie: the bounds less the content insets.
     virtual CGRect contentRectForBounds(CGRect bounds) const;
+    /// Where the image of the present state lies in that rectangle.
     virtual CGRect imageRectForContentRect(CGRect contentRect) const;
+    /// Where the present title lies in it, beside the image.
     virtual CGRect titleRectForContentRect(CGRect contentRect) const;
     /// Room for image, title and content insets, and for the background image; a system button adds 6 points above and
     /// below.

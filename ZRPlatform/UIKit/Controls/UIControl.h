@@ -56,16 +56,18 @@ enum UIControlContentHorizontalAlignment : NSInteger {
 /// A finger stays inside until it is more than 70 points away from the bounds; a first touch must hit the bounds.
 class UIControl : public UIView {
 public:
+    /// True at first. A disabled control takes the touches that hit it and does nothing with them; disabling cancels a
+    /// running touch.
     bool isEnabled() const { return m_enabled; }
-    /// A disabled control takes the touches that hit it and does nothing with them. Disabling cancels a running touch.
     virtual void setEnabled(bool enabled);
-    /// For subclasses and targets: no touch changes it. False at first.
+    /// A state for subclasses and their users; no touch changes it by itself. False at first.
     bool isSelected() const { return m_selected; }
     virtual void setSelected(bool selected);
+    /// Whether it shows that it is pressed. The tracking sets it as the finger goes down, leaves and returns; false at
+    /// first.
     bool isHighlighted() const { return m_highlighted; }
-    /// Called by the tracking as the finger goes down, leaves and returns.
     virtual void setHighlighted(bool highlighted);
-    /// A sum of `UIControlState` values.
+    /// Enabled, selected and highlighted in one, as a sum of `UIControlState` values.
     virtual NSUInteger state() const;
     /// Whether a finger is down that began here and is still followed.
     bool isTracking() const { return m_tracking; }
@@ -83,23 +85,34 @@ public:
     /// whoever takes it upwards of the first responder, else of the control. Adding the same pair again adds its
     /// events.
     /// @{
+    /// Sends the message to the target at each of the events, a sum of `UIControlEvents`. A nil action is ignored.
     void addTarget_action_forControlEvents(NSObject* target, SEL action, NSUInteger events);
-    /// A nil target stands for all, a nil action for all.
+    /// Takes events away from a pair; one without events is forgotten. A nil target stands for all, a nil action for
+    /// all.
     void removeTarget_action_forControlEvents(NSObject* target, SEL action, NSUInteger events);
-    /// Targets still alive, each once; `nullptr` stands for the responder chain.
+    /// Targets still alive, each once; null stands for the responder chain.
     std::vector<NSObject*> allTargets() const;
+    /// The events that anybody is told of, as a sum.
     NSUInteger allControlEvents() const;
+    /// What the target is sent at any of these events; nil is the responder chain.
     std::vector<SEL> actionsForTarget_forControlEvent(NSObject* target, NSUInteger events) const;
+    /// Tells whoever is to be told of any of these events, once each, in the order of their being added; without an
+    /// event.
     void sendActionsForControlEvents(NSUInteger events);
+    /// Sends one message; every one goes through here. A nil target is the responder chain, and the event may be nil.
     virtual void sendAction_to_forEvent(SEL action, NSObject* target, UIEvent* event);
     /// @}
 
     /// @name Tracking
     /// For subclasses; false ends the tracking.
     /// @{
+    /// A finger has gone down on the enabled control. False leaves it untracked; the base class says true.
     virtual bool beginTrackingWithTouch_withEvent(UITouch* touch, UIEvent* event);
+    /// The tracked finger has moved. False ends the tracking, and no event is sent; the base class says true.
     virtual bool continueTrackingWithTouch_withEvent(UITouch* touch, UIEvent* event);
+    /// The tracked finger has gone up, before the control is unhighlighted and the targets are told.
     virtual void endTrackingWithTouch_withEvent(UITouch* touch, UIEvent* event);
+    /// The tracked touch was cancelled, or the control disabled, when the event is nil.
     virtual void cancelTrackingWithEvent(UIEvent* event);
     /// @}
 

@@ -18,10 +18,10 @@ public:
     /// At the origin, with no width yet.
     virtual bool initWithProgressViewStyle(UIProgressViewStyle style);
 
-    /// Both styles look the same.
+    /// The default at first; all styles look the same.
     UIProgressViewStyle progressViewStyle() const { return m_style; }
     virtual void setProgressViewStyle(UIProgressViewStyle style) { m_style = style; }
-    /// 0..1, clamped; not-a-number is 0.
+    /// How much of the bar is filled, 0..1, clamped; not-a-number is 0. 0 at first.
     float progress() const { return m_progress; }
     virtual void setProgress(float progress);
     /// Animated, the bar slides from where it is seen to its new length in 0.25 s. `progress` is the new value at once.
@@ -33,9 +33,12 @@ public:
     UIColor* trackTintColor() const { return m_trackTintColor; }
     virtual void setTrackTintColor(UIColor* color);
 
+    /// The frame gets the fixed height, whatever is asked for.
     void setFrame(CGRect frame) override;
+    /// The bounds get the fixed height, whatever is asked for.
     void setBounds(CGRect bounds) override;
     void tintColorDidChange() override;
+    /// The width that is given, and the fixed height.
     CGSize sizeThatFits(CGSize size) const override;
     void layoutSubviews() override;
 

@@ -18,7 +18,7 @@ namespace zr {
 
 class UITextField;
 
-/// Rounded: a white plate with a light hairline around it and corners of 5 points.
+/// How the edge of a text field looks. Rounded: a white plate with a light hairline around it and corners of 5 points.
 enum UITextBorderStyle : NSInteger {
     UITextBorderStyleNone = 0,
     UITextBorderStyleLine = 1,
@@ -50,8 +50,9 @@ public:
     virtual bool textField_shouldChangeCharactersInRange_replacementString(UITextField*, NSRange, const NSString&) {
         return true;
     }
+    /// Asked after a tap of the clear button. No leaves the text.
     virtual bool textFieldShouldClear(UITextField*) { return true; }
-    /// The return key was pressed.
+    /// The return key was pressed. No keeps the control from sending its end-on-exit event.
     virtual bool textFieldShouldReturn(UITextField*) { return true; }
 };
 
@@ -85,18 +86,21 @@ public:
     /// None at first.
     UITextBorderStyle borderStyle() const { return m_borderStyle; }
     virtual void setBorderStyle(UITextBorderStyle style);
-    /// Text too wide is shrunk before it scrolls, down to the minimum size.
+    /// Whether a text that is too wide is shrunk before it scrolls; false at first.
     bool adjustsFontSizeToFitWidth() const { return m_adjustsFontSizeToFitWidth; }
     virtual void setAdjustsFontSizeToFitWidth(bool adjusts);
-    /// Points; 0 at first.
+    /// The smallest size that the text is shrunk to, in points; 0 at first.
     CGFloat minimumFontSize() const { return m_minimumFontSize; }
     virtual void setMinimumFontSize(CGFloat size);
 
     /// @name Editing
     /// @{
+    /// Asked and told of the editing; held weakly, nil at first.
     UITextFieldDelegate* delegate() const { return m_delegate; }
     void setDelegate(const Delegate<UITextFieldDelegate>& delegate) { m_delegate = delegate; }
+    /// Whether it is being typed into.
     bool isEditing() const { return m_editing; }
+    /// Whether editing begins with an empty text; false at first.
     bool clearsOnBeginEditing() const { return m_clearsOnBeginEditing; }
     void setClearsOnBeginEditing(bool clears) { m_clearsOnBeginEditing = clears; }
     /// What is selected, in UTF-16 code units; of no length where the caret stands.
@@ -107,6 +111,7 @@ public:
     NSRange markedRange() const;
     /// Puts the selected text on the clipboard; secret text stays where it is.
     void copy();
+    /// Copies the selected text and deletes it; secret text stays where it is.
     void cut();
     /// Replaces the selection by the clipboard's text, line breaks left out.
     void paste();
@@ -116,14 +121,19 @@ public:
     /// Secret text shows as bullets, one a character, and cannot be copied. The other traits are kept for hosts that
     /// have a keyboard on the screen.
     /// @{
+    /// Whether the text is secret: shown as bullets, and not to be copied. False at first.
     bool isSecureTextEntry() const { return m_secureTextEntry; }
     virtual void setSecureTextEntry(bool secure);
+    /// Whether words should be corrected; the default at first.
     UITextAutocorrectionType autocorrectionType() const { return m_autocorrectionType; }
     void setAutocorrectionType(UITextAutocorrectionType type) { m_autocorrectionType = type; }
+    /// Which letters should be made capitals; the first of sentences at first.
     UITextAutocapitalizationType autocapitalizationType() const { return m_autocapitalizationType; }
     void setAutocapitalizationType(UITextAutocapitalizationType type) { m_autocapitalizationType = type; }
+    /// Which keys there should be; the default at first.
     UIKeyboardType keyboardType() const { return m_keyboardType; }
     void setKeyboardType(UIKeyboardType type) { m_keyboardType = type; }
+    /// What the return key should say; the default at first.
     UIReturnKeyType returnKeyType() const { return m_returnKeyType; }
     void setReturnKeyType(UIReturnKeyType type) { m_returnKeyType = type; }
     /// @}
@@ -132,14 +142,19 @@ public:
     /// The views are kept and placed by the field; nil at first. All modes are never at first. The clear button shows
     /// only where there is something to clear.
     /// @{
+    /// When the button shows that empties the text.
     UITextFieldViewMode clearButtonMode() const { return m_clearButtonMode; }
     virtual void setClearButtonMode(UITextFieldViewMode mode);
+    /// A view at the left edge, of its own size.
     UIView* leftView() const { return m_leftView; }
     virtual void setLeftView(UIView* view);
+    /// When the left view shows.
     UITextFieldViewMode leftViewMode() const { return m_leftViewMode; }
     virtual void setLeftViewMode(UITextFieldViewMode mode);
+    /// A view at the right edge, of its own size.
     UIView* rightView() const { return m_rightView; }
     virtual void setRightView(UIView* view);
+    /// When the right view shows.
     UITextFieldViewMode rightViewMode() const { return m_rightViewMode; }
     virtual void setRightViewMode(UITextFieldViewMode mode);
     /// @}
@@ -147,12 +162,20 @@ public:
     /// @name Places, for overriding
     /// Each gives a rectangle within `bounds`.
     /// @{
+    /// Where the border is drawn: at the edge of the bounds.
     virtual CGRect borderRectForBounds(CGRect bounds) const { return bounds; }
+    /// Where the text lies: within the border, beside the parts that show, and beside the room for the clear button.
     virtual CGRect textRectForBounds(CGRect bounds) const;
+    /// The same while the field is edited.
     virtual CGRect editingRectForBounds(CGRect bounds) const;
+    /// Where the placeholder lies: where the text would.
     virtual CGRect placeholderRectForBounds(CGRect bounds) const;
+    /// 19 x 19 points in the middle of the height, left of the right view or at the right edge, 5 points from it in a
+    /// field with a border.
     virtual CGRect clearButtonRectForBounds(CGRect bounds) const;
+    /// At the left edge, in the middle of the height; zero without a view.
     virtual CGRect leftViewRectForBounds(CGRect bounds) const;
+    /// At the right edge, in the middle of the height; zero without a view.
     virtual CGRect rightViewRectForBounds(CGRect bounds) const;
     /// @}
 
@@ -168,9 +191,14 @@ public:
     void selectAll() override;
     /// @}
 
+    /// Room for the text, or else the placeholder, on one line within the border, beside the parts that show; with a
+    /// rounded border at least as high as a button.
     CGSize sizeThatFits(CGSize size) const override;
+    /// While it is enabled.
     bool canBecomeFirstResponder() const override { return isEnabled(); }
+    /// Begins editing, if the delegate lets it. The caret stands at the text's end.
     bool becomeFirstResponder() override;
+    /// Ends editing, if the delegate lets it.
     bool resignFirstResponder() override;
     bool keyPressed(UIKey key, unsigned modifiers) override;
     /// Ends editing, if the field is edited.

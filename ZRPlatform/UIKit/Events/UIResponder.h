@@ -14,26 +14,35 @@ enum UIKeyModifierFlags : unsigned { UIKeyModifierShift = 1, UIKeyModifierContro
 /// Something that can be sent events: it handles them or passes them on to its next responder.
 class UIResponder : public NSObject {
 public:
-    /// Nil at the end of the chain.
+    /// What gets the events that this responder does not handle; nil at the end of the chain.
     virtual UIResponder* nextResponder() const { return nullptr; }
 
     /// @name Touches
     /// The default passes the touches on to the next responder.
     /// @{
+    /// Fingers went down on the view.
     virtual void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event);
+    /// Fingers that are down have moved.
     virtual void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event);
+    /// Fingers went up.
     virtual void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event);
+    /// Fingers are no longer the responder's, up or not: a recogniser has taken them, or the view was hidden or left
+    /// its window.
     virtual void touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event);
     /// @}
 
     /// @name First responder
     /// The one responder that typing goes to.
     /// @{
+    /// Whether it may be made first; false unless a class says otherwise.
     virtual bool canBecomeFirstResponder() const { return false; }
+    /// Whether it lets go when another one is to be first; true unless a class says otherwise.
     virtual bool canResignFirstResponder() const { return true; }
-    /// True when it is the first responder afterwards. The old one must agree to resign.
+    /// True when it is the first responder afterwards. It must be in a window, and the old one must agree to resign.
     virtual bool becomeFirstResponder();
+    /// Nobody is first then. False, and nothing changes, when it is first and does not agree to resign.
     virtual bool resignFirstResponder();
+    /// Whether it is the first one of its window; typing comes to it while that is the key window.
     bool isFirstResponder() const;
     /// Called when the responder stopped being first without having agreed to resign: it left its window, or was
     /// forced.
@@ -55,9 +64,9 @@ public:
 class UITextInput {
 public:
     virtual ~UITextInput() = default;
-    /// In place of the selection, or at the caret.
+    /// Puts the text in place of the selection, or at the caret.
     virtual void insertText(const NSString& text) = 0;
-    /// The selection, or else the character before the caret.
+    /// Deletes the selection, or else the character before the caret.
     virtual void deleteBackward() = 0;
     /// Whether there is anything to delete.
     virtual bool hasText() const = 0;
@@ -70,7 +79,7 @@ public:
     virtual CGRect caretRectOnScreen() const = 0;
     /// For the clipboard keys of a host; nil when there is no selection or the text is secret.
     virtual NSString selectedText() const = 0;
-    /// Of the text that is there.
+    /// Selects all of the text that is there.
     virtual void selectAll() = 0;
 };
 

@@ -30,21 +30,22 @@ enum UITouchPhase : NSInteger {
 /// One finger (or the pressed mouse button), from its going down to its going up; the same object all the way.
 class UITouch : public NSObject {
 public:
-    /// Of the event that is being told.
+    /// What the finger has done in the event that is being told.
     UITouchPhase phase() const { return m_now.phase; }
-    /// Seconds, by the current clock.
+    /// When it did so, in seconds of the current clock.
     NSTimeInterval timestamp() const { return m_now.timestamp; }
     /// 2 for the second tap of a double tap, and so on; 0 once the finger has moved away from where it went down.
     NSUInteger tapCount() const { return m_now.tapCount; }
     /// The view hit when the finger went down. It gets all messages of this touch that no recogniser takes; nil once
     /// it is gone.
     UIView* view() const;
-    /// Where it went down; nil once it is gone.
+    /// The window where it went down; nil once that is gone.
     UIWindow* window() const;
-    /// Those that follow the touch, in the order in which they see it.
+    /// The recognisers that follow the touch, in the order in which they see it.
     std::vector<UIGestureRecognizer*> gestureRecognizers() const;
-    /// In the coordinates of `view`; of the window when nil.
+    /// Where the finger is, in the coordinates of `view`; of the window when nil.
     CGPoint locationInView(const UIView* view) const;
+    /// Where it was before the event that is being told, likewise.
     CGPoint previousLocationInView(const UIView* view) const;
 
 private:

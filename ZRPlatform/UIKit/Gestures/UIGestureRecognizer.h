@@ -50,21 +50,22 @@ public:
     /// the state became (or stayed) began, changed, ended or cancelled, after all recognisers have seen the event and
     /// before the view does; never for a failure.
     /// @{
-    /// Nil for either is ignored, and so is a pair that is there already.
+    /// Tells the target of the gesture from now on. Nil for either is ignored, and so is a pair that is there already.
     void addTarget_action(NSObject* target, SEL action);
-    /// A nil target stands for all, a nil action for all.
+    /// Tells the target no more. A nil target stands for all, a nil action for all.
     void removeTarget_action(NSObject* target, SEL action);
     /// @}
 
+    /// Where the gesture is; possible at first, and again after every gesture.
     UIGestureRecognizerState state() const { return m_state; }
     /// The view it is attached to by `addGestureRecognizer`, which keeps it; nil without.
     UIView* view() const { return m_view; }
-    /// Not kept.
+    /// Asked before it sees a touch or begins; not kept. Nil at first.
     UIGestureRecognizerDelegate* delegate() const { return m_delegate; }
     void setDelegate(const Delegate<UIGestureRecognizerDelegate>& delegate) { m_delegate = delegate; }
+    /// True at first. A disabled recogniser sees nothing; disabling one that is under way cancels it, and it follows
+    /// the fingers that are down no further, even if it is enabled again at once.
     bool isEnabled() const { return m_enabled; }
-    /// A disabled recogniser sees nothing. Disabling one that is under way cancels it, and it follows the fingers that
-    /// are down no further, even if it is enabled again at once. True at first.
     virtual void setEnabled(bool enabled);
 
     /// @name Touches
@@ -74,7 +75,7 @@ public:
     /// The centre of its fingers, in the coordinates of `view` (of the window when nil); where the last one was when
     /// there is none any more.
     virtual CGPoint locationInView(const UIView* view) const;
-    /// Of one finger, in the order in which they went down; zero when there is no such finger.
+    /// The place of one finger, in the order in which they went down; zero when there is no such finger.
     virtual CGPoint locationOfTouch_inView(NSUInteger index, const UIView* view) const;
     /// @}
 
@@ -100,27 +101,32 @@ public:
 
     /// @name For subclasses
     /// @{
-    /// Subclasses say here what they have seen. Leaving possible may come to nothing (a refusal: the state is failed
+    /// Says what the subclass has seen. Leaving possible may come to nothing (a refusal: the state is failed
     /// afterwards) or be put off (a failure is waited for: it is still possible). A transition that is not allowed is
     /// ignored and logged, and so is a number that is no state; cancelled, from possible, is a failure.
     virtual void setState(UIGestureRecognizerState state);
-    /// Called once when the gesture is over and the recogniser is about to become possible again: forget what was
-    /// seen. Does nothing here.
+    /// Called once when the gesture is over and the recogniser is about to become possible again: forget what was seen.
+    /// The base class does nothing.
     virtual void reset() {}
     /// To be called from the touch methods: the touch is none of the gesture's. It is followed no further, and is
     /// neither cancelled nor held back on this one's account.
     virtual void ignoreTouch_forEvent(UITouch* touch, UIEvent* event);
-    /// Whether this one, by beginning, makes the other one fail, and whether it can be made to; true here.
+    /// Whether this one, by beginning, makes the other one fail; the base class says yes.
     virtual bool canPreventGestureRecognizer(UIGestureRecognizer* other);
+    /// Whether the other one, by beginning, makes this one fail; the base class says yes.
     virtual bool canBePreventedByGestureRecognizer(UIGestureRecognizer* other);
-    /// Requirements that depend on who competes; false here. Asked when the one that would have to wait would begin.
+    /// Whether this one waits for the other one to fail, asked when this one would begin; the base class says no.
     virtual bool shouldRequireFailureOfGestureRecognizer(UIGestureRecognizer* other);
+    /// Whether the other one waits for this one to fail, asked when the other one would begin; the base class says no.
     virtual bool shouldBeRequiredToFailByGestureRecognizer(UIGestureRecognizer* other);
-    /// What the fingers do. The base class does nothing. If the last finger is cancelled and the recogniser does not
-    /// decide by itself, it fails or is cancelled afterwards.
+    /// Fingers went down that it follows from now on. The base class does nothing, as in the three below.
     virtual void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event);
+    /// Fingers that it follows have moved.
     virtual void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event);
+    /// Fingers that it follows went up.
     virtual void touchesEnded_withEvent(const TouchSet& touches, UIEvent* event);
+    /// Touches that it follows are over without the fingers' going up. If the last one is, and the recogniser does not
+    /// decide by itself, it fails or is cancelled afterwards.
     virtual void touchesCancelled_withEvent(const TouchSet& touches, UIEvent* event);
     /// @}
 

@@ -38,7 +38,7 @@ public:
 
 protected:
     const KeyTable& keyTable() const override;
-    /// Whether the way so far is a drag; asked at each move until it is. 10 points here.
+    /// Whether the way so far is a drag; asked at each move until it is. The base class asks for 10 points.
     virtual bool isDrag() const;
 
 private:

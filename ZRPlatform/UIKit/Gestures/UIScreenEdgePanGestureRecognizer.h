@@ -11,12 +11,13 @@ namespace zr {
 class UIScreenEdgePanGestureRecognizer : public UIPanGestureRecognizer {
 public:
     bool initWithTarget_action(NSObject* target, SEL action) override;
-    /// A sum of `UIRectEdge` values; none at first.
+    /// Where the finger may come in: a sum of `UIRectEdge` values; none at first.
     NSUInteger edges() const { return m_edges; }
     virtual void setEdges(NSUInteger edges) { m_edges = edges; }
 
     void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) override;
+    /// Other drags wait, but for those from edges.
     bool shouldBeRequiredToFailByGestureRecognizer(UIGestureRecognizer* other) override;
 
 private:

@@ -20,7 +20,7 @@ class UITapGestureRecognizer : public UIGestureRecognizer {
 public:
     ~UITapGestureRecognizer() override;
 
-    /// 1 at first; 0 is taken for 1.
+    /// Taps in a row: 1 at first; 0 is taken for 1.
     NSUInteger numberOfTapsRequired() const { return m_tapsRequired; }
     virtual void setNumberOfTapsRequired(NSUInteger count) { m_tapsRequired = count > 0 ? count : 1; }
     /// Fingers a tap: 1 at first; 0 is taken for 1.
@@ -28,7 +28,10 @@ public:
     virtual void setNumberOfTouchesRequired(NSUInteger count) { m_touchesRequired = count > 0 ? count : 1; }
 
     void reset() override;
+
+    /// Yes, unless the other one is for more taps.
     bool canPreventGestureRecognizer(UIGestureRecognizer* other) override;
+    /// Whether the other one is for more taps and in the last of them.
     bool shouldRequireFailureOfGestureRecognizer(UIGestureRecognizer* other) override;
     void touchesBegan_withEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesMoved_withEvent(const TouchSet& touches, UIEvent* event) override;

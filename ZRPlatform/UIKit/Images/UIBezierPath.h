@@ -51,9 +51,13 @@ public:
     /// @name Building
     /// Lines and curves start at the current point and are ignored while there is none.
     /// @{
+    /// Begins a subpath at the point.
     void moveToPoint(CGPoint point);
+    /// A straight line.
     void addLineToPoint(CGPoint point);
+    /// A cubic curve that leaves towards the first control point and arrives from the second.
     void addCurveToPoint_controlPoint1_controlPoint2(CGPoint endPoint, CGPoint controlPoint1, CGPoint controlPoint2);
+    /// A quadratic curve, bent towards the control point.
     void addQuadCurveToPoint_controlPoint(CGPoint endPoint, CGPoint controlPoint);
     /// Angles in radians, from the x axis towards the y axis, so `clockwise` goes through increasing ones. A line leads
     /// from the current point, if any, to the start. An end that lies behind the start is reached the long way round; a
@@ -62,18 +66,21 @@ public:
                                                                CGFloat endAngle, bool clockwise);
     /// A line back to where the subpath began; the next line starts there.
     void closePath();
+    /// Empties the path; how it is drawn stays.
     void removeAllPoints();
     /// The elements as they are: nothing connects the two. Nil is ignored.
     void appendPath(const UIBezierPath* path);
+    /// Moves every point to where the transform takes it; the line width stays.
     void applyTransform(const CGAffineTransform& transform);
     /// @}
 
     /// @name Asking
     /// @{
+    /// Whether the path has no elements.
     bool isEmpty() const { return CGPathIsEmpty(m_path); }
     /// The box around all points, control points too; `CGRectNull` when empty.
     CGRect bounds() const { return CGPathGetBoundingBox(m_path); }
-    /// (0, 0) when empty.
+    /// Where the next line starts; (0, 0) when empty.
     CGPoint currentPoint() const { return m_path->currentPoint(); }
     /// Whether a closed subpath encloses the point, by `usesEvenOddFillRule`. Open subpaths enclose nothing, although a
     /// fill paints them: close them first.
@@ -87,36 +94,39 @@ public:
     /// @name How it is drawn
     /// These count instead of the context's. Numbers that are negative or not finite are ignored.
     /// @{
-    /// Points, 1 at first. 0 is the thinnest line there is: one pixel.
+    /// How wide the line is, in points; 1 at first. 0 is the thinnest line there is: one pixel.
     CGFloat lineWidth() const { return m_lineWidth; }
     void setLineWidth(CGFloat width);
+    /// How the line ends; butt at first.
     CGLineCap lineCapStyle() const { return m_lineCapStyle; }
     void setLineCapStyle(CGLineCap style) { m_lineCapStyle = style; }
+    /// How the lines meet; mitred at first.
     CGLineJoin lineJoinStyle() const { return m_lineJoinStyle; }
     void setLineJoinStyle(CGLineJoin style) { m_lineJoinStyle = style; }
-    /// 10 at first: at sharper corners, where the mitre would be longer than so many line widths, the join is bevelled.
+    /// At sharper corners, where the mitre would be longer than so many line widths, the join is bevelled; 10 at first.
     CGFloat miterLimit() const { return m_miterLimit; }
     void setMiterLimit(CGFloat limit);
-    /// False at first: what the path winds around is inside.
+    /// Whether crossings decide what is inside; false at first: what the path winds around is.
     bool usesEvenOddFillRule() const { return m_usesEvenOddFillRule; }
     void setUsesEvenOddFillRule(bool flag) { m_usesEvenOddFillRule = flag; }
     /// `pattern`: `count` lengths of dashes and gaps in turn, copied; null or a count of 0 gives a solid line, which it
     /// is at first. Ignored when a length is negative or all are 0. `phase`: where in the pattern the line begins; it
     /// may be negative.
     void setLineDash_count_phase(const CGFloat* pattern, NSInteger count, CGFloat phase);
-    /// Each of the three may be null. `pattern` has room for the `count` of an earlier call.
+    /// Tells the dashes. Any of the three may be null; `pattern` has room for the `count` of an earlier call.
     void getLineDash_count_phase(CGFloat* pattern, NSInteger* count, CGFloat* phase) const;
     /// @}
 
     /// @name Drawing
     /// In the current context with its colours. Its state and its current path are as before afterwards.
     /// @{
-    /// Open subpaths are filled as if they were closed.
+    /// Paints the inside. Open subpaths are filled as if they were closed.
     void fill() const;
-    /// The line lies to both sides of the path.
+    /// Draws the line, which lies to both sides of the path.
     void stroke() const;
-    /// With this blend mode and alpha (0..1, clamped) instead of the context's.
+    /// Paints the inside with this blend mode and alpha (0..1, clamped) instead of the context's.
     void fillWithBlendMode_alpha(CGBlendMode mode, CGFloat alpha) const;
+    /// Draws the line, likewise.
     void strokeWithBlendMode_alpha(CGBlendMode mode, CGFloat alpha) const;
     /// Leaves of the context's clip the part inside the path; an empty path leaves nothing. Stays until the context's
     /// state is restored.

@@ -12,7 +12,7 @@ class UIImage;
 /// drawing function tolerates. Here y grows downwards from the top left corner, in points.
 /// @{
 
-/// Not kept.
+/// What drawing of this thread goes to; not kept. Nil for none.
 CGContextRef UIGraphicsGetCurrentContext();
 /// Makes `context` current (nil: none is) until it is popped. The stack keeps it.
 void UIGraphicsPushContext(CGContextRef context);
@@ -39,11 +39,15 @@ void UIGraphicsEndImageContext();
 /// @name Rectangles in the current context
 /// Fill and frame replace what is there, alpha included, unless a blend mode is given.
 /// @{
+/// Fills the rectangle with the fill colour, which replaces what is there, alpha included.
 void UIRectFill(CGRect rect);
+/// The same with a blend mode.
 void UIRectFillUsingBlendMode(CGRect rect, CGBlendMode mode);
-/// A line of one point just inside the rectangle, in the fill colour.
+/// Draws a line of one point just inside the rectangle, in the fill colour, which replaces what is there.
 void UIRectFrame(CGRect rect);
+/// The same with a blend mode.
 void UIRectFrameUsingBlendMode(CGRect rect, CGBlendMode mode);
+/// Cuts the clip down to the rectangle, until the context's state is restored.
 void UIRectClip(CGRect rect);
 /// @}
 

@@ -51,38 +51,46 @@ public:
     static Ref<UIImage> imageNamed(const NSString& name);
     /// Exactly this file; "@2x" or "@3x" at the end of its name gives the scale. Nil for a path with a zero byte.
     static Ref<UIImage> imageWithContentsOfFile(const NSString& path);
-    /// The bytes of an image file.
+    /// Of the bytes of an image file; `scale`: its pixels a point.
     static Ref<UIImage> imageWithData(const std::vector<std::uint8_t>& data, CGFloat scale = 1);
-    /// Nil gives nil. A scale that is not a positive number counts as 1.
+    /// The bitmap as it is, a pixel a point. Nil gives nil.
     static Ref<UIImage> imageWithCGImage(CGImageRef image);
+    /// The bitmap with so many pixels a point, to be turned like that. Nil gives nil; a scale that is not a positive
+    /// number counts as 1.
     static Ref<UIImage> imageWithCGImage_scale_orientation(CGImageRef image, CGFloat scale,
                                                            UIImageOrientation orientation);
 
-    /// Points, standing upright.
+    /// In points, standing upright.
     CGSize size() const;
     /// Pixels a point.
     CGFloat scale() const { return m_scale; }
     /// How the stored bitmap is to be turned to stand upright.
     UIImageOrientation imageOrientation() const { return m_orientation; }
-    /// The bitmap, as stored: not turned.
+    /// The bitmap as stored, not turned; owned by the image.
     CGImageRef CGImage() const { return m_image; }
 
     /// @name Drawing
     /// Upright, in the current context, at full opacity unless an alpha (0..1) is given. The middle of an image with
     /// caps stretches, its corners keep their size.
     /// @{
+    /// Draws the image in its own size, the top left corner at the point.
     void drawAtPoint(CGPoint point) const;
+    /// The same with a blend mode and an alpha.
     void drawAtPoint_blendMode_alpha(CGPoint point, CGBlendMode mode, CGFloat alpha) const;
+    /// Draws the image stretched to fill the rectangle.
     void drawInRect(CGRect rect) const;
+    /// The same with a blend mode and an alpha.
     void drawInRect_blendMode_alpha(CGRect rect, CGBlendMode mode, CGFloat alpha) const;
     /// @}
 
     /// @name Caps
     /// The parts at the edges that keep their size when the image is stretched, in points.
     /// @{
-    /// One column and one row stretch: those after the caps.
+    /// A copy of which one column and one row stretch: those after the caps.
     Ref<UIImage> stretchableImageWithLeftCapWidth_topCapHeight(NSInteger leftCapWidth, NSInteger topCapHeight) const;
+    /// A copy with these caps; it shares the bitmap.
     Ref<UIImage> resizableImageWithCapInsets(UIEdgeInsets capInsets) const;
+    /// How far the caps reach in from the edges; zero at first: all of the image stretches.
     UIEdgeInsets capInsets() const { return m_capInsets; }
     /// The part between the caps, 0..1 of the upright image in both directions: what `CALayer::contentsCenter` takes.
     CGRect contentsCenter() const;

@@ -45,40 +45,44 @@ public:
     ~UIScrollView() override;
     bool initWithFrame(CGRect frame) override;
 
-    /// Not kept.
+    /// Follows the scrolling; not kept. Nil at first.
     UIScrollViewDelegate* delegate() const { return m_delegate; }
     virtual void setDelegate(const Delegate<UIScrollViewDelegate>& delegate) { m_delegate = delegate; }
 
     /// @name Content, in points
     /// @{
+    /// The point of the content that is at the top left corner of the bounds; their origin.
     CGPoint contentOffset() const { return bounds().origin; }
-    /// At once; inside an animation block, with its animation. What a finger or a deceleration does to the content goes
-    /// on from there; an animated change ends there.
+    /// Scrolls there at once; inside an animation block, with its animation. What a finger or a deceleration does to
+    /// the content goes on from there; an animated change ends there.
     virtual void setContentOffset(CGPoint offset);
-    /// Stops what moves. Animated, it takes 0.3 s, and the delegate is told of the end; not so when the content is
-    /// there already, while a finger drags it, or in no window: then it is there at once.
+    /// Scrolls there and stops what moves. Animated, it takes 0.3 s, and the delegate is told of the end; not so when
+    /// the content is there already, while a finger drags it, or in no window: then it is there at once.
     virtual void setContentOffset_animated(CGPoint offset, bool animated);
+    /// How large the content is; zero at first. It begins at (0, 0).
     CGSize contentSize() const { return m_contentSize; }
     virtual void setContentSize(CGSize size);
-    /// Room around the content.
+    /// Room around the content; zero at first.
     UIEdgeInsets contentInset() const { return m_contentInset; }
     virtual void setContentInset(UIEdgeInsets inset);
-    /// By no more than it takes, and not beyond the ends. What is larger than the bounds shows its beginning, unless
-    /// some of it shows already and more would not.
+    /// Scrolls until the rectangle shows, by no more than it takes, and not beyond the ends. What is larger than the
+    /// bounds shows its beginning, unless some of it shows already and more would not.
     virtual void scrollRectToVisible_animated(CGRect rect, bool animated);
     /// @}
 
     /// @name What a finger may do
     /// @{
-    /// True at first. False ends a drag, and lets touches go to the content as in any view; what moves runs on.
+    /// Whether a finger or a wheel can scroll; true at first. False ends a drag, and lets touches go to the content as
+    /// in any view; what moves runs on.
     bool isScrollEnabled() const { return m_scrollEnabled; }
     virtual void setScrollEnabled(bool enabled);
     /// Whether the content can be drawn beyond its ends, and springs back; true at first.
     bool bounces() const { return m_bounces; }
     virtual void setBounces(bool bounces) { m_bounces = bounces; }
-    /// Whether it bounces in a direction in which there is nothing to scroll; false at first.
+    /// Whether it bounces up and down when there is nothing to scroll there; false at first.
     bool alwaysBounceVertical() const { return m_alwaysBounceVertical; }
     virtual void setAlwaysBounceVertical(bool always) { m_alwaysBounceVertical = always; }
+    /// Whether it bounces sideways when there is nothing to scroll there; false at first.
     bool alwaysBounceHorizontal() const { return m_alwaysBounceHorizontal; }
     virtual void setAlwaysBounceHorizontal(bool always) { m_alwaysBounceHorizontal = always; }
     /// Whether it comes to rest at multiples of the bounds' size; false at first.
@@ -96,19 +100,19 @@ public:
     /// on the screen a tap does nothing.
     bool scrollsToTop() const { return m_scrollsToTop; }
     virtual void setScrollsToTop(bool flag) { m_scrollsToTop = flag; }
-    /// Begins when the fingers have moved 10 points, and more along a direction in which there is something to scroll
-    /// than across; the content follows from there. A direction in which this view is at its end is left to a scroll
-    /// view further up that is not. The scroll view is its delegate.
+    /// What drags the content. Begins when the fingers have moved 10 points, and more along a direction in which there
+    /// is something to scroll than across; the content follows from there. A direction in which this view is at its end
+    /// is left to a scroll view further up that is not. The scroll view is its delegate.
     UIPanGestureRecognizer* panGestureRecognizer() const;
     /// @}
 
     /// @name State
     /// @{
-    /// A finger is on the content, whether or not it has begun to drag.
+    /// Whether a finger is on the content, dragging or not.
     bool isTracking() const;
-    /// A finger has begun to drag.
+    /// Whether a finger has begun to drag.
     bool isDragging() const;
-    /// The content moves by itself after a drag.
+    /// Whether the content moves by itself after a drag.
     bool isDecelerating() const;
     /// @}
 
@@ -123,10 +127,10 @@ public:
     /// first.
     bool canCancelContentTouches() const { return m_canCancelContentTouches; }
     virtual void setCanCancelContentTouches(bool can) { m_canCancelContentTouches = can; }
-    /// Asked before a view in the scroll view is told of a touch; no keeps it from the view. True here.
+    /// Asked before a view in the scroll view is told of a touch; no keeps it from the view. The base class says yes.
     virtual bool touchesShouldBegin_withEvent_inContentView(const TouchSet& touches, UIEvent* event, UIView* view);
-    /// Asked before a drag takes a touch away from a view that was told of it; no keeps the content where it is. True
-    /// here, for controls too: those that are dragged themselves say no.
+    /// Asked before a drag takes a touch away from a view that was told of it; no keeps the content where it is. The
+    /// base class says yes, for controls too: those that are dragged themselves say no.
     virtual bool touchesShouldCancelInContentView(UIView* view);
     /// @}
 
@@ -134,17 +138,19 @@ public:
     /// Thin bars at the right and the lower edge, which show while the content moves. None in a direction in which
     /// there is nothing to scroll.
     /// @{
+    /// Whether the bar at the lower edge shows; true at first.
     bool showsHorizontalScrollIndicator() const { return m_showsHorizontalIndicator; }
     virtual void setShowsHorizontalScrollIndicator(bool shows);
+    /// Whether the bar at the right edge shows; true at first.
     bool showsVerticalScrollIndicator() const { return m_showsVerticalIndicator; }
     virtual void setShowsVerticalScrollIndicator(bool shows);
-    /// Distances of the bars' ways from the edges of the bounds.
+    /// Distances of the bars' ways from the edges of the bounds; zero at first.
     UIEdgeInsets scrollIndicatorInsets() const { return m_indicatorInsets; }
     virtual void setScrollIndicatorInsets(UIEdgeInsets insets);
-    /// Dark unless white.
+    /// The bars are dark unless this is white.
     UIScrollViewIndicatorStyle indicatorStyle() const { return m_indicatorStyle; }
     virtual void setIndicatorStyle(UIScrollViewIndicatorStyle style);
-    /// Shows them for a moment.
+    /// Shows the bars for a moment.
     virtual void flashScrollIndicators();
     /// @}
 
@@ -152,6 +158,9 @@ public:
     /// Another origin is another content offset.
     void setBounds(CGRect bounds) override;
     void willMoveToWindow(UIWindow* window) override;
+
+    /// Its own drag begins when the views that were told of its touches may lose them; see
+    /// `touchesShouldCancelInContentView`.
     bool gestureRecognizerShouldBegin(UIGestureRecognizer* recognizer) override;
 
 protected:

@@ -22,15 +22,18 @@ public:
 
     /// @name Dragging
     /// @{
+    /// A finger has begun to drag.
     virtual void scrollViewWillBeginDragging(UIScrollView*) {}
     /// The finger has gone up. The velocity is the content offset's, in points a millisecond. `targetContentOffset` is
     /// where the content will come to rest, never nil; another one may be put there. It is cut to the range in which
     /// the content can rest; a coordinate that is not finite is ignored.
     virtual void scrollViewWillEndDragging_withVelocity_targetContentOffset(UIScrollView*, CGPoint /*velocity*/,
                                                                             CGPoint* /*targetContentOffset*/) {}
+    /// The finger has gone up; whether the content goes on by itself.
     virtual void scrollViewDidEndDragging_willDecelerate(UIScrollView*, bool /*decelerate*/) {}
+    /// The content goes on by itself.
     virtual void scrollViewWillBeginDecelerating(UIScrollView*) {}
-    /// At rest, or stopped by a finger or by code.
+    /// It has come to rest, or was stopped by a finger or by code.
     virtual void scrollViewDidEndDecelerating(UIScrollView*) {}
     /// @}
 
@@ -39,8 +42,9 @@ public:
 
     /// @name A tap of the status bar
     /// @{
+    /// No keeps the content where it is.
     virtual bool scrollViewShouldScrollToTop(UIScrollView*) { return true; }
-    /// Takes the place of the end of an animation.
+    /// The content is at its beginning. Told in place of the end of an animation.
     virtual void scrollViewDidScrollToTop(UIScrollView*) {}
     /// @}
 };

@@ -74,10 +74,11 @@ public:
 
     /// As given to the initialiser; plain for others.
     UITableViewStyle style() const { return m_style; }
+    /// Says what is in the table; not kept. Nil, at first, for an empty table. Another one means loading anew.
     UITableViewDataSource* dataSource() const { return m_dataSource; }
-    /// Another one means loading anew.
     virtual void setDataSource(const Delegate<UITableViewDataSource>& dataSource);
-    /// Nil also when the delegate follows the scrolling only.
+    /// Says how the table looks and follows what is done with it; nil also when the delegate follows the scrolling
+    /// only.
     UITableViewDelegate* delegate() const;
     /// Should be a `UITableViewDelegate` to be asked about rows. Another one means loading anew.
     void setDelegate(const Delegate<UIScrollViewDelegate>& delegate) override;
@@ -86,16 +87,18 @@ public:
     /// @{
     /// Asks for all counts and heights, now; cells are made anew at the next layout. Nothing is selected afterwards.
     virtual void reloadData();
+    /// How many sections the table knows of.
     NSInteger numberOfSections();
-    /// 0 for a section that is not there.
+    /// How many rows the table knows of in a section; 0 for one that is not there.
     NSInteger numberOfRowsInSection(NSInteger section);
-    /// Above the first section and below the last one, as wide as the table; their heights are theirs. Setting the view
-    /// again takes over another height.
+    /// Above the first section, as wide as the table; its height is its own. Kept; nil at first. Setting the view again
+    /// takes over another height.
     UIView* tableHeaderView() const { return m_tableHeaderView; }
     virtual void setTableHeaderView(UIView* view);
+    /// Below the last section, likewise.
     UIView* tableFooterView() const { return m_tableFooterView; }
     virtual void setTableFooterView(UIView* view);
-    /// Behind the rows, as large as the table; it does not scroll.
+    /// Behind the rows, as large as the table; it does not scroll. Kept; nil at first.
     UIView* backgroundView() const { return m_backgroundView; }
     virtual void setBackgroundView(UIView* view);
     /// @}
@@ -103,26 +106,27 @@ public:
     /// @name Heights, in points
     /// Where the delegate gives none. Numbers that are not finite, or negative, are ignored.
     /// @{
-    /// 44 at first.
+    /// Of a row for which the delegate gives no height; 44 at first.
     CGFloat rowHeight() const { return m_rowHeight; }
     virtual void setRowHeight(CGFloat height);
-    /// Of a plain section with a header: 28 at first. Of every grouped section: 18 at first, or 38 with a title; 17
-    /// more for the first one.
+    /// The height of headers for which the delegate gives none. Of a plain section with a header: 28 at first. Of every
+    /// grouped section: 18 at first, or 38 with a title; 17 more for the first one.
     CGFloat sectionHeaderHeight() const { return m_sectionHeaderHeight; }
     virtual void setSectionHeaderHeight(CGFloat height);
-    /// The same, but for the first one.
+    /// The same for footers, without the 17 more.
     CGFloat sectionFooterHeight() const { return m_sectionFooterHeight; }
     virtual void setSectionFooterHeight(CGFloat height);
     /// @}
 
     /// @name Cells
     /// @{
-    /// One that is out of sight now, made ready, or a new one of the registered class; nil when there is neither.
+    /// A cell that is out of sight now, made ready, or a new one of the registered class; nil when there is neither.
     Ref<UITableViewCell> dequeueReusableCellWithIdentifier(const NSString& identifier);
     /// The same, in the size of the row. Never nil: with neither it is logged, and a plain cell is made.
     Ref<UITableViewCell> dequeueReusableCellWithIdentifier_forIndexPath(const NSString& identifier,
                                                                         const NSIndexPath& indexPath);
-    /// `registerClass_forCellReuseIdentifier<MyCell>("row")`. Cells are of the default style, unless the class's
+    /// The class whose cells are made when there is none to use again:
+    /// `registerClass_forCellReuseIdentifier<MyCell>("row")`. They are of the default style, unless the class's
     /// initialiser chooses another one.
     template <class Cell>
     void registerClass_forCellReuseIdentifier(const NSString& identifier) {
@@ -131,7 +135,10 @@ public:
                               reuseIdentifier);
         });
     }
+    /// A header or footer view that is out of sight now, made ready, or a new one of the registered class; nil when
+    /// there is neither.
     Ref<UITableViewHeaderFooterView> dequeueReusableHeaderFooterViewWithIdentifier(const NSString& identifier);
+    /// The class whose views `dequeueReusableHeaderFooterViewWithIdentifier` makes when there is none to use again.
     template <class View>
     void registerClass_forHeaderFooterViewReuseIdentifier(const NSString& identifier) {
         registerHeaderFooterMaker(identifier, [](const NSString& reuseIdentifier) -> Ref<UITableViewHeaderFooterView> {
@@ -143,25 +150,35 @@ public:
     /// @name What is where
     /// Rectangles are in the table's coordinates: headers and footers where they are when they do not stick.
     /// @{
+    /// All of a section, header and footer included; zero for one that is not there.
     CGRect rectForSection(NSInteger section);
+    /// Zero, too, for a section that is not there; of no height for one without a header.
     CGRect rectForHeaderInSection(NSInteger section);
+    /// Zero, too, for a section that is not there; of no height for one without a footer.
     CGRect rectForFooterInSection(NSInteger section);
+    /// Zero for a row that is not there.
     CGRect rectForRowAtIndexPath(const NSIndexPath& indexPath);
-    /// Nil where there is no row.
+    /// The row that the point is in; nil where there is none.
     NSIndexPath indexPathForRowAtPoint(CGPoint point);
+    /// The rows that the rectangle touches, in order; none when it is not finite or beside the table.
     std::vector<NSIndexPath> indexPathsForRowsInRect(CGRect rect);
-    /// Of rows in sight; of others nil. Those in sight are as of the last layout, in order.
-    /// @{
+    /// The row that the cell shows; nil for one that is not in the table.
     NSIndexPath indexPathForCell(const UITableViewCell* cell) const;
+    /// The cell that shows the row; nil when it is out of sight.
     UITableViewCell* cellForRowAtIndexPath(const NSIndexPath& indexPath) const;
+    /// The cells of the rows in sight as of the last layout, in order.
     std::vector<Ref<UITableViewCell>> visibleCells() const;
+    /// The rows in sight as of the last layout, in order.
     std::vector<NSIndexPath> indexPathsForVisibleRows() const;
+    /// The header that shows; nil for one out of sight, and for none.
     UIView* headerViewForSection(NSInteger section) const;
+    /// The footer that shows; nil for one out of sight, and for none.
     UIView* footerViewForSection(NSInteger section) const;
-    /// @}
-    /// Top is below a header that sticks. Not beyond the ends of the content.
+    /// Scrolls until the row is at that position, not beyond the ends of the content. Top is below a header that
+    /// sticks.
     virtual void scrollToRowAtIndexPath_atScrollPosition_animated(const NSIndexPath& indexPath,
                                                                   UITableViewScrollPosition position, bool animated);
+    /// The same for the selected row that is nearest to the middle of the table; nothing without one.
     void scrollToNearestSelectedRowAtScrollPosition_animated(UITableViewScrollPosition position, bool animated);
     /// @}
 
@@ -169,23 +186,29 @@ public:
     /// A row that is touched is highlighted, and selected when the finger goes up inside it. Selected rows keep their
     /// selection wherever changes move them.
     /// @{
+    /// Whether a touch selects a row; true at first.
     bool allowsSelection() const { return m_allowsSelection; }
     virtual void setAllowsSelection(bool allows) { m_allowsSelection = allows; }
+    /// Whether several rows may be selected; a touch of a selected one then deselects it. False at first.
     bool allowsMultipleSelection() const { return m_allowsMultipleSelection; }
     virtual void setAllowsMultipleSelection(bool allows) { m_allowsMultipleSelection = allows; }
-    /// Instead of the other two while the table is editing; both false at first.
+    /// In place of `allowsSelection` while the table is editing; false at first.
     bool allowsSelectionDuringEditing() const { return m_allowsSelectionDuringEditing; }
     virtual void setAllowsSelectionDuringEditing(bool allows) { m_allowsSelectionDuringEditing = allows; }
+    /// In place of `allowsMultipleSelection` while the table is editing; false at first.
     bool allowsMultipleSelectionDuringEditing() const { return m_allowsMultipleSelectionDuringEditing; }
     virtual void setAllowsMultipleSelectionDuringEditing(bool allows) {
         m_allowsMultipleSelectionDuringEditing = allows;
     }
-    /// The first one; nil when there is none.
+    /// The first selected row; nil when there is none.
     NSIndexPath indexPathForSelectedRow() const;
+    /// All of them, in order.
     std::vector<NSIndexPath> indexPathsForSelectedRows() const;
-    /// Instead of the one selected before, unless several may be. Nil deselects all. Position none does not scroll.
+    /// Selects the row, instead of the one selected before unless several may be. Nil deselects all. Position none does
+    /// not scroll. The delegate is not told.
     virtual void selectRowAtIndexPath_animated_scrollPosition(const NSIndexPath& indexPath, bool animated,
                                                               UITableViewScrollPosition position);
+    /// Ignored when the row is not selected. The delegate is not told.
     virtual void deselectRowAtIndexPath_animated(const NSIndexPath& indexPath, bool animated);
     /// @}
 
@@ -196,41 +219,53 @@ public:
     /// are asked for again, and what is selected stays so. Without a window, or when all animations are none, all is
     /// done at once.
     /// @{
+    /// Begins a change of several parts. Calls nest.
     virtual void beginUpdates();
+    /// Ends the latest begin; the last one carries the change out. Ignored without one.
     virtual void endUpdates();
+    /// The rows are where the index paths say after the change.
     virtual void insertRowsAtIndexPaths_withRowAnimation(const std::vector<NSIndexPath>& indexPaths,
                                                          UITableViewRowAnimation animation);
+    /// The rows were where the index paths say before the change.
     virtual void deleteRowsAtIndexPaths_withRowAnimation(const std::vector<NSIndexPath>& indexPaths,
                                                          UITableViewRowAnimation animation);
-    /// Asks for new cells.
+    /// Asks for new cells of rows that stay; named by their places before the change.
     virtual void reloadRowsAtIndexPaths_withRowAnimation(const std::vector<NSIndexPath>& indexPaths,
                                                          UITableViewRowAnimation animation);
+    /// From its place before the change to its place after it, with its cell.
     virtual void moveRowAtIndexPath_toIndexPath(const NSIndexPath& indexPath, const NSIndexPath& newIndexPath);
+    /// With all their rows; named by their numbers after the change.
     virtual void insertSections_withRowAnimation(const NSIndexSet& sections, UITableViewRowAnimation animation);
+    /// With all their rows; named by their numbers before the change.
     virtual void deleteSections_withRowAnimation(const NSIndexSet& sections, UITableViewRowAnimation animation);
     /// All of the sections, headers and numbers of rows too; what is selected in them is no more.
     virtual void reloadSections_withRowAnimation(const NSIndexSet& sections, UITableViewRowAnimation animation);
+    /// With its rows and their cells: from its number before the change to its number after it.
     virtual void moveSection_toSection(NSInteger section, NSInteger newSection);
     /// @}
 
     /// @name Editing
     /// A flag, which cells are given too; the table itself offers no controls for editing.
     /// @{
+    /// Whether the table is being edited; false at first.
     bool isEditing() const { return m_editing; }
+    /// The same as `setEditing_animated`, not animated.
     void setEditing(bool editing) { setEditing_animated(editing, false); }
+    /// Sets the flag, and that of the cells in sight; `animated` is handed on to them.
     virtual void setEditing_animated(bool editing, bool animated);
     /// @}
 
     /// @name Separators
     /// Hairlines at the lower edges of rows; around a grouped section they go from side to side.
     /// @{
-    UITableViewCellSeparatorStyle separatorStyle() const { return m_separatorStyle; }
     /// A single line at first; etched lines look the same.
+    UITableViewCellSeparatorStyle separatorStyle() const { return m_separatorStyle; }
     virtual void setSeparatorStyle(UITableViewCellSeparatorStyle style);
-    /// Light grey at first, and for nil.
+    /// The lines' colour; light grey at first, and for nil.
     UIColor* separatorColor() const { return m_separatorColor; }
     virtual void setSeparatorColor(UIColor* color);
-    /// 15 points at the left at first. Only left and right count.
+    /// How far the lines stay away from the sides of the rows; 15 points at the left at first. Only left and right
+    /// count.
     UIEdgeInsets separatorInset() const { return m_separatorInset; }
     virtual void setSeparatorInset(UIEdgeInsets inset);
     /// @}

@@ -53,12 +53,15 @@ public:
 
     /// @name Content
     /// @{
+    /// The initialiser's.
     UITableViewCellStyle style() const { return m_style; }
-    /// Behind the other views of the cell that applications add; add to this one.
+    /// What is added to a cell belongs in here; the cell's other views lie around and behind it. Never nil.
     UIView* contentView() const { return m_contentView; }
+    /// At the left, no higher than the cell; made when first asked for.
     UIImageView* imageView();
+    /// The text; made when first asked for.
     UILabel* textLabel();
-    /// Nil for the default style.
+    /// The second text; made when first asked for. Nil for the default style.
     UILabel* detailTextLabel();
     /// Steps by which the content is moved to the right; 0 at first, negative ones are 0.
     NSInteger indentationLevel() const { return m_indentationLevel; }
@@ -71,9 +74,10 @@ public:
     /// @name Accessory
     /// At the right, 15 points from the edge.
     /// @{
+    /// What the cell shows at its right; none at first.
     UITableViewCellAccessoryType accessoryType() const { return m_accessoryType; }
     virtual void setAccessoryType(UITableViewCellAccessoryType type);
-    /// Shown in place of the type's, in its own size; nil at first.
+    /// Shown in place of the type's, in its own size; kept. Nil at first.
     UIView* accessoryView() const { return m_accessoryView; }
     virtual void setAccessoryView(UIView* view);
     /// @}
@@ -81,6 +85,7 @@ public:
     /// @name Backgrounds
     /// Behind the content, as large as the cell; nil at first.
     /// @{
+    /// Behind all that the cell shows; kept. Nil at first.
     UIView* backgroundView() const { return m_backgroundView; }
     virtual void setBackgroundView(UIView* view);
     /// In front of the background while the cell is selected or highlighted; nil for a grey one. Not shown with
@@ -92,16 +97,24 @@ public:
     /// @name State
     /// The table sets these. Highlighted and selected look the same; labels show their highlighted colours.
     /// @{
+    /// Whether a selected or highlighted cell shows a background of its own; it does at first.
     UITableViewCellSelectionStyle selectionStyle() const { return m_selectionStyle; }
     virtual void setSelectionStyle(UITableViewCellSelectionStyle style);
+    /// Whether its row is selected; false at first.
     bool isSelected() const { return m_selected; }
+    /// The same as `setSelected_animated`, not animated.
     void setSelected(bool selected) { setSelected_animated(selected, false); }
     /// Animated, the look of a selected cell fades away in 0.3 s; it always comes at once.
     virtual void setSelected_animated(bool selected, bool animated);
+    /// Whether its row is touched; false at first.
     bool isHighlighted() const { return m_highlighted; }
+    /// The same as `setHighlighted_animated`, not animated.
     void setHighlighted(bool highlighted) { setHighlighted_animated(highlighted, false); }
+    /// Animated, the look of a highlighted cell fades away in 0.3 s; it always comes at once.
     virtual void setHighlighted_animated(bool highlighted, bool animated);
+    /// Whether its table is being edited; false at first.
     bool isEditing() const { return m_editing; }
+    /// The same as `setEditing_animated`, not animated.
     void setEditing(bool editing) { setEditing_animated(editing, false); }
     /// A flag for subclasses: the cell itself looks the same.
     virtual void setEditing_animated(bool editing, bool animated);
@@ -109,13 +122,16 @@ public:
 
     /// @name Separator
     /// @{
-    /// The table's, unless set here.
+    /// How far the line below the cell stays away from its sides: the table's, unless set here. Only left and right
+    /// count.
     UIEdgeInsets separatorInset() const;
     virtual void setSeparatorInset(UIEdgeInsets inset);
     /// @}
 
     /// @name Use for row after row
     /// @{
+    /// The initialiser's: cells of one identifier are used for one another's rows. Nil for a cell that serves one row
+    /// only.
     const NSString& reuseIdentifier() const { return m_reuseIdentifier; }
     /// Called before the table hands the cell out again. Takes away what belonged to the old row: selection, highlight
     /// and the content view's place. An override calls it.
@@ -125,6 +141,7 @@ public:
     /// @}
 
     void layoutSubviews() override;
+    /// True: the keyboard stops at rows.
     bool canBecomeFocused() const override { return true; }
 
 protected:

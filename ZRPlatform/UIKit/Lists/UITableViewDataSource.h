@@ -18,14 +18,16 @@ class UITableViewDataSource {
 public:
     virtual ~UITableViewDataSource() = default;
 
-    /// Negative counts count as 0.
+    /// How many sections there are: 1 when it is not overridden. Negative counts count as 0.
     virtual NSInteger numberOfSectionsInTableView(UITableView*) { return 1; }
+    /// How many rows a section has: none when it is not overridden. Negative counts count as 0.
     virtual NSInteger tableView_numberOfRowsInSection(UITableView*, NSInteger /*section*/) { return 0; }
     /// A cell that shows the row: one that `dequeueReusableCellWithIdentifier` gives, or a new one. The table places
     /// and keeps it.
     virtual Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView*, const NSIndexPath&);
-    /// Nil for none.
+    /// The text above a section; nil for none.
     virtual NSString tableView_titleForHeaderInSection(UITableView*, NSInteger /*section*/) { return nullptr; }
+    /// The text below a section; nil for none.
     virtual NSString tableView_titleForFooterInSection(UITableView*, NSInteger /*section*/) { return nullptr; }
 };
 

@@ -22,7 +22,7 @@ public:
     /// Behind the content, as large as the view; nil at first.
     UIView* backgroundView() const { return m_backgroundView; }
     virtual void setBackgroundView(UIView* view);
-    /// Called before the table hands the view out again. Does nothing here.
+    /// Called before the table hands the view out again. The base class does nothing.
     virtual void prepareForReuse() {}
 
     void layoutSubviews() override;

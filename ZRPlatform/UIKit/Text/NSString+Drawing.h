@@ -16,9 +16,11 @@ namespace zr {
 /// Text is wrapped by words, and a word that is longer than the line by characters. Only whole lines count; a box lower
 /// than one line is filled by the first.
 /// @{
-/// On one line (the text up to its first line break).
+/// The size of the text on one line (up to its first line break).
 CGSize sizeWithFont(const NSString& text, UIFont* font);
+/// The size of the text wrapped by words within the box.
 CGSize sizeWithFont_constrainedToSize(const NSString& text, UIFont* font, CGSize size);
+/// The same by another line break mode.
 CGSize sizeWithFont_constrainedToSize_lineBreakMode(const NSString& text, UIFont* font, CGSize size,
                                                     NSLineBreakMode mode);
 /// @}
@@ -28,11 +30,14 @@ CGSize sizeWithFont_constrainedToSize_lineBreakMode(const NSString& text, UIFont
 /// Lines that do not fit the rectangle whole are left out, but for the first one. Returns the size drawn, measured as
 /// above; zero where nothing is drawn.
 /// @{
+/// Wraps the text by words within the rectangle's width.
 CGSize drawInRect_withFont(const NSString& text, CGRect rect, UIFont* font);
+/// The same by another line break mode.
 CGSize drawInRect_withFont_lineBreakMode(const NSString& text, CGRect rect, UIFont* font, NSLineBreakMode mode);
+/// The same with the lines aligned in the rectangle's width.
 CGSize drawInRect_withFont_lineBreakMode_alignment(const NSString& text, CGRect rect, UIFont* font,
                                                    NSLineBreakMode mode, NSTextAlignment alignment);
-/// On one line.
+/// Draws the text on one line.
 CGSize drawAtPoint_withFont(const NSString& text, CGPoint point, UIFont* font);
 /// @}
 

@@ -15,24 +15,32 @@ namespace zr {
 
 /// A font of a family, without a size.
 struct FontFace {
+    /// For example "Inter".
     NSString family;
     /// 100 (thin) to 900 (black).
     int weight = 400;
+    /// Whether its letters are slanted.
     bool italic = false;
     friend bool operator==(const FontFace&, const FontFace&) = default;
 };
 
 /// Of a font of one point; the descender is negative.
 struct FontMetrics {
+    /// For example "Inter-Bold".
     NSString fontName;
+    /// How far the font's line reaches above the baseline.
     CGFloat ascender = 0;
+    /// How far it reaches below the baseline; negative.
     CGFloat descender = 0;
+    /// How high capitals are.
     CGFloat capHeight = 0;
+    /// How high small letters are, an x for example.
     CGFloat xHeight = 0;
 };
 
 /// What to lay out and in which room.
 struct TextRequest {
+    /// For a width or a height: as much as the text takes.
     static constexpr CGFloat unlimited = std::numeric_limits<CGFloat>::infinity();
     /// In bytes. A line that is longer is wider than any screen; in a limited width no more of it is laid out.
     static constexpr std::size_t longestLine = 16 * 1024;
@@ -47,7 +55,9 @@ struct TextRequest {
     CGFloat height = unlimited;
     /// 0 is unlimited.
     NSUInteger lineLimit = 0;
+    /// What happens to lines that are too wide.
     NSLineBreakMode lineBreakMode = NSLineBreakByWordWrapping;
+    /// Where the lines lie in the width.
     NSTextAlignment alignment = NSTextAlignmentNatural;
 };
 
@@ -55,16 +65,21 @@ struct TextRequest {
 struct TextLine {
     /// UTF-16 code units of the text, without a line break. What an ellipsis stands for is included.
     NSRange range;
+    /// Its left end.
     CGFloat x = 0;
+    /// What its letters stand on, downwards from the layout's top.
     CGFloat baseline = 0;
+    /// From its left end to its right one.
     CGFloat width = 0;
-    /// Above the baseline and below it, both positive: the font's own, or more where the glyphs of another font that
+    /// How far it reaches above the baseline: as far as its font does, or more where the glyphs of another font that
     /// had to step in are taller.
     CGFloat ascent = 0;
+    /// How far it reaches below the baseline, likewise; positive.
     CGFloat descent = 0;
 
-    /// Its edges, ascent and descent included.
+    /// Its upper edge: the baseline less the ascent.
     CGFloat top() const { return baseline - ascent; }
+    /// Its lower edge: the baseline and the descent.
     CGFloat bottom() const { return baseline + descent; }
     friend bool operator==(const TextLine&, const TextLine&) = default;
 };
@@ -100,20 +115,24 @@ public:
     virtual CGRect caretRect(NSUInteger index) const = 0;
     /// One rectangle or more for every line that the range touches; more where the text changes its direction.
     virtual std::vector<CGRect> selectionRects(NSRange range) const = 0;
-    /// In reading order; at the ends, the ends.
+    /// The next caret position in reading order; at the end, the end.
     virtual NSUInteger nextIndex(NSUInteger index) const = 0;
+    /// The caret position before it; at the beginning, the beginning.
     virtual NSUInteger previousIndex(NSUInteger index) const = 0;
-    /// The caret position to the left or right, as the eye sees it.
+    /// The caret position to the left, as the eye sees it.
     virtual NSUInteger indexLeftOf(NSUInteger index) const = 0;
+    /// The caret position to the right, as the eye sees it.
     virtual NSUInteger indexRightOf(NSUInteger index) const = 0;
     /// The word at `index`; between words, what stands there: one character, or a run of white space.
     virtual NSRange wordAtIndex(NSUInteger index) const = 0;
     /// @}
 
 protected:
-    /// Filled by the engine.
+    /// What `size` gives, filled by the engine.
     CGSize m_size;
+    /// What `lines` gives, filled by the engine.
     std::vector<TextLine> m_lines;
+    /// What `isTruncated` gives, filled by the engine.
     bool m_truncated = false;
 };
 
@@ -123,13 +142,14 @@ class TextEngine {
 public:
     virtual ~TextEngine() = default;
 
+    /// The engine in use; the platform's own unless another was set.
     static TextEngine& current();
-    /// Not kept; null brings the platform's own back.
+    /// Puts an engine in its place; not kept. Null brings the platform's own back.
     static void setCurrent(TextEngine* engine);
 
-    /// Of a font of one point.
+    /// The measures of the font at a size of one point.
     virtual FontMetrics metrics(const FontFace& face) = 0;
-    /// See `UIFont::fontWithName_size`.
+    /// The font of a name; nothing when there is none. See `UIFont::fontWithName_size`.
     virtual std::optional<FontFace> faceNamed(const NSString& name) = 0;
     /// Never null. There are no lines when the text is nil or empty, the font nil or of size 0, or the room not above
     /// 0. Layouts asked for again soon are remembered.

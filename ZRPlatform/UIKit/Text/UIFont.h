@@ -17,9 +17,11 @@ struct FontFace;
 /// Sizes are in points, 0 to 2048: below and above are cut to that, not-a-number is 0. A font of size 0 draws nothing.
 class UIFont : public NSObject {
 public:
-    /// Of the system's typeface, Inter.
+    /// The regular font of the system's typeface, Inter.
     static Ref<UIFont> systemFontOfSize(CGFloat size);
+    /// The bold font of the system's typeface.
     static Ref<UIFont> boldSystemFontOfSize(CGFloat size);
+    /// The italic font of the system's typeface.
     static Ref<UIFont> italicSystemFontOfSize(CGFloat size);
     /// `name`: of one font ("Inter-Bold", "Inter Bold") or of a family, whose regular font it then is. Capitals do not
     /// matter. Nil when there is none of this name.
@@ -27,16 +29,21 @@ public:
 
     /// @name Sizes of the system font, in points
     /// @{
+    /// 17, for labels.
     static CGFloat labelFontSize() { return 17; }
+    /// 14, for what is neither of the others.
     static CGFloat systemFontSize() { return 14; }
+    /// 18, for the titles of buttons.
     static CGFloat buttonFontSize() { return 18; }
+    /// 12, for what is to be small.
     static CGFloat smallSystemFontSize() { return 12; }
     /// @}
 
-    /// 0 to 2048.
+    /// The size, 0 to 2048 points.
     CGFloat pointSize() const { return m_pointSize; }
     /// For example "Inter-Bold".
     const NSString& fontName() const { return m_fontName; }
+    /// For example "Inter".
     const NSString& familyName() const { return m_familyName; }
     /// The same typeface in another size.
     Ref<UIFont> fontWithSize(CGFloat size) const;
@@ -46,11 +53,15 @@ public:
     /// @name Measures, in points
     /// Heights above the baseline; the descender lies below it and is negative.
     /// @{
+    /// How far the font's line reaches above the baseline.
     CGFloat ascender() const { return m_pointSize * m_ascender; }
+    /// How far it reaches below the baseline; negative.
     CGFloat descender() const { return m_pointSize * m_descender; }
     /// From one baseline to the next: ascender minus descender.
     CGFloat lineHeight() const { return m_pointSize * (m_ascender - m_descender); }
+    /// How high capitals are.
     CGFloat capHeight() const { return m_pointSize * m_capHeight; }
+    /// How high small letters are, an x for example.
     CGFloat xHeight() const { return m_pointSize * m_xHeight; }
     /// @}
 
@@ -58,6 +69,7 @@ public:
     /// @{
     /// 100 (thin) to 900 (black); regular is 400, bold 700.
     int weight() const { return m_weight; }
+    /// Whether its letters are slanted.
     bool isItalic() const { return m_italic; }
     /// @}
 

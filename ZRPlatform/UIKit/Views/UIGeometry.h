@@ -8,6 +8,7 @@ namespace zr {
 
 /// Distances from the four edges of a rectangle, in points; positive ones go inwards.
 struct UIEdgeInsets {
+    /// In points; a negative one goes outwards.
     CGFloat top = 0, left = 0, bottom = 0, right = 0;
     friend bool operator==(const UIEdgeInsets&, const UIEdgeInsets&) = default;
 };
@@ -25,7 +26,7 @@ enum UIRectEdge : NSUInteger {
 /// All four are 0.
 inline constexpr UIEdgeInsets UIEdgeInsetsZero{};
 
-/// In this order: counter-clockwise from the top.
+/// The four distances, counter-clockwise from the top.
 inline constexpr UIEdgeInsets UIEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom, CGFloat right) {
     return {top, left, bottom, right};
 }

@@ -14,34 +14,35 @@ public:
     bool initWithFrame(CGRect frame) override;
     /// Takes the image's size, at the origin; a zero frame for nil.
     virtual bool initWithImage(UIImage* image);
+    /// The same, with an image for when it is highlighted, which gives no size; either may be nil.
     virtual bool initWithImage_highlightedImage(UIImage* image, UIImage* highlightedImage);
 
     /// Nil shows nothing but the background. Changing it leaves the frame alone.
     UIImage* image() const { return m_image; }
     virtual void setImage(UIImage* image);
-    /// Shown while highlighted; nil: the image is.
+    /// Shown while highlighted; with nil the image is.
     UIImage* highlightedImage() const { return m_highlightedImage; }
     virtual void setHighlightedImage(UIImage* image);
-    /// False at first. The cell of a table sets it for its own.
+    /// Whether the highlighted image shows; false at first. The cell of a table sets it for its own.
     bool isHighlighted() const { return m_highlighted; }
     virtual void setHighlighted(bool highlighted);
 
     /// @name A sequence
     /// @{
-    /// Stops a running sequence. Nil images are left out.
+    /// The images in the order of their being shown. Setting them stops a running sequence; nil images are left out.
     const std::vector<Ref<UIImage>>& animationImages() const { return m_animationImages; }
     void setAnimationImages(std::vector<Ref<UIImage>> images);
     /// Seconds for all images once; 0, the default, gives each a thirtieth of a second.
     NSTimeInterval animationDuration() const { return m_animationDuration; }
     void setAnimationDuration(NSTimeInterval duration) { m_animationDuration = duration > 0 ? duration : 0; }
-    /// Rounds; 0, the default, never ends.
+    /// How many times all are shown; 0, the default, never ends.
     NSInteger animationRepeatCount() const { return m_animationRepeatCount; }
     void setAnimationRepeatCount(NSInteger count) { m_animationRepeatCount = count > 0 ? count : 0; }
-    /// From the first image on. Duration and count are those of now.
+    /// Shows the sequence, from the first image on, with the duration and the count of now.
     void startAnimating();
-    /// The image shows again.
+    /// Ends the sequence: the image shows again.
     void stopAnimating();
-    /// False also once the last round is over.
+    /// Whether a sequence runs; false also once its last round is over.
     bool isAnimating() const;
     /// @}
 

@@ -22,8 +22,9 @@ public:
     UILabel();
     bool initWithFrame(CGRect frame) override;
 
+    /// The text; nil, at first, shows nothing.
     const NSString& text() const { return m_text; }
-    /// Nil shows nothing. A text equal to the present one changes nothing.
+    /// A text equal to the present one changes nothing.
     virtual void setText(const NSString& text);
     /// The system font of 17 points at first, and for nil.
     UIFont* font() const { return m_font; }
@@ -41,33 +42,35 @@ public:
     NSInteger numberOfLines() const { return m_numberOfLines; }
     virtual void setNumberOfLines(NSInteger count);
 
-    /// A disabled label's text is dimmed to half.
+    /// True at first. A disabled label's text is dimmed to half.
     bool isEnabled() const { return m_enabled; }
     virtual void setEnabled(bool enabled);
-    /// False at first. The cell of a table sets it for its own.
+    /// Whether the text has the highlighted colour; false at first. The cell of a table sets it for its own.
     bool isHighlighted() const { return m_highlighted; }
     virtual void setHighlighted(bool highlighted);
     /// The text's colour while highlighted; nil, at first, for no difference.
     UIColor* highlightedTextColor() const { return m_highlightedTextColor; }
     virtual void setHighlightedTextColor(UIColor* color);
-    /// Nil, at first, for no shadow.
+    /// The colour of the text's shadow; nil, at first, for none.
     UIColor* shadowColor() const { return m_shadowColor; }
     virtual void setShadowColor(UIColor* color);
-    /// Points; (0, -1) at first: one point up.
+    /// Where the shadow lies, in points to the right and down; (0, -1) at first: one point up.
     CGSize shadowOffset() const { return m_shadowOffset; }
     virtual void setShadowOffset(CGSize offset);
 
     /// @name Shrinking
     /// Only for labels of one line. The font is not made smaller than both limits allow; both are 0 at first.
     /// @{
+    /// Whether a text that is too long shrinks before it is cut; false at first.
     bool adjustsFontSizeToFitWidth() const { return m_adjustsFontSizeToFitWidth; }
     virtual void setAdjustsFontSizeToFitWidth(bool adjusts);
-    /// 0..1 of the font's size.
+    /// The smallest part of the font's size that it shrinks to, 0..1.
     CGFloat minimumScaleFactor() const { return m_minimumScaleFactor; }
     virtual void setMinimumScaleFactor(CGFloat factor);
-    /// Points.
+    /// The smallest size that it shrinks to, in points.
     CGFloat minimumFontSize() const { return m_minimumFontSize; }
     virtual void setMinimumFontSize(CGFloat size);
+    /// Where a text that was shrunk goes; baselines aligned at first.
     UIBaselineAdjustment baselineAdjustment() const { return m_baselineAdjustment; }
     virtual void setBaselineAdjustment(UIBaselineAdjustment adjustment);
     /// @}
@@ -76,7 +79,7 @@ public:
     /// one of several wraps within it. A width of 0 stands for `preferredMaxLayoutWidth`. The height given does not
     /// matter.
     CGSize sizeThatFits(CGSize size) const override;
-    /// Points; 0, at first, is unlimited.
+    /// The width that `sizeThatFits` wraps within when it is given none, in points; 0, at first, is unlimited.
     CGFloat preferredMaxLayoutWidth() const { return m_preferredMaxLayoutWidth; }
     void setPreferredMaxLayoutWidth(CGFloat width) { m_preferredMaxLayoutWidth = width; }
 
@@ -86,6 +89,7 @@ public:
     /// Draws text and shadow into the current graphics context, in the middle of the height of `rect`. For overriding,
     /// with a smaller rectangle for insets. Nothing is drawn when the rectangle has no room or is not finite.
     virtual void drawTextInRect(CGRect rect);
+    /// Draws with `drawTextInRect`, in all of the bounds.
     void drawRect(CGRect rect) override;
 
 protected:

@@ -7,14 +7,21 @@ namespace zr {
 
 /// Windows are shown in the order of their levels; those of one level in the order in which they were shown.
 using UIWindowLevel = CGFloat;
+
+/// The level of windows at first.
 inline constexpr UIWindowLevel UIWindowLevelNormal = 0;
+/// In front of the application's windows, where a status bar lies.
 inline constexpr UIWindowLevel UIWindowLevelStatusBar = 1000;
+/// In front of both, where alerts lie.
 inline constexpr UIWindowLevel UIWindowLevelAlert = 2000;
 
-/// Posted by a window, after it was shown, hidden, made key, or ceased to be key.
+/// Posted by a window after it was shown.
 inline constexpr const char* UIWindowDidBecomeVisibleNotification = "UIWindowDidBecomeVisibleNotification";
+/// Posted by a window after it was hidden.
 inline constexpr const char* UIWindowDidBecomeHiddenNotification = "UIWindowDidBecomeHiddenNotification";
+/// Posted by a window after it was made key.
 inline constexpr const char* UIWindowDidBecomeKeyNotification = "UIWindowDidBecomeKeyNotification";
+/// Posted by a window after it ceased to be key.
 inline constexpr const char* UIWindowDidResignKeyNotification = "UIWindowDidResignKeyNotification";
 
 /// The root of a tree of views, on the screen. Hidden at first; `makeKeyAndVisible` shows it. Its owner keeps it: a
@@ -30,7 +37,7 @@ public:
 
     /// @name Controller
     /// @{
-    /// Nil at first.
+    /// The controller whose view fills the window; nil at first.
     UIViewController* rootViewController() const { return m_rootViewController; }
     /// The controller whose view fills the window, below the window's other subviews, and follows its size. Kept; its
     /// view is loaded when the window is visible. The controllers whose views are in the window appear and disappear
@@ -54,9 +61,13 @@ public:
     virtual void becomeKeyWindow();
     /// Called when the window stops being key. Calling it makes it stop, if it is key.
     virtual void resignKeyWindow();
+    /// Hiding the window makes another one key, if it was, and tells its controllers of a disappearance; showing it
+    /// puts it in front of the others of its level.
     void setHidden(bool hidden) override;
     /// Sends the touch that an event is about to the recognisers on its way, then to its view.
     virtual void sendEvent(UIEvent* event);
+
+    /// The application.
     UIResponder* nextResponder() const override;
 
     /// The responder in this window that typing goes to while the window is key; nil when there is none.
