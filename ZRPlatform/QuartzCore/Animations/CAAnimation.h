@@ -14,10 +14,13 @@ namespace zr {
 class CAAnimation;
 struct LayerValues;
 
-/// See `CAAnimation::fillMode`.
+/// Shows only from its begin to its end.
 inline constexpr const char* kCAFillModeRemoved = "removed";
+/// Goes on showing its end, while the layer has it.
 inline constexpr const char* kCAFillModeForwards = "forwards";
+/// Shows its first moment before its begin, too.
 inline constexpr const char* kCAFillModeBackwards = "backwards";
+/// Forwards and backwards.
 inline constexpr const char* kCAFillModeBoth = "both";
 
 /// The present in seconds, on the current clock: what `beginTime` is measured in.
@@ -27,9 +30,9 @@ NSTimeInterval CACurrentMediaTime();
 class CAAnimationDelegate {
 public:
     virtual ~CAAnimationDelegate() = default;
-    /// As the first frame after it was added is made.
+    /// The animation starts; told as the first frame after it was added is made.
     virtual void animationDidStart(CAAnimation*) {}
-    /// `finished`: it ran to its end, rather than being removed or replaced.
+    /// The animation has stopped. `finished`: it ran to its end, rather than being removed or replaced.
     virtual void animationDidStop_finished(CAAnimation*, bool /*finished*/) {}
 };
 
@@ -43,13 +46,13 @@ public:
     /// Seconds of one run; 0.25 unless set. Negative durations count as 0.
     NSTimeInterval duration() const { return m_duration; }
     void setDuration(NSTimeInterval duration) { m_duration = duration > 0 ? duration : 0; }
-    /// Local seconds a second of the parent. 0 stands still.
+    /// Local seconds a second of the parent; 1 at first. 0 stands still.
     float speed() const { return m_speed; }
     void setSpeed(float speed) { m_speed = speed; }
-    /// Local seconds already passed at the begin.
+    /// Local seconds already passed at the begin; 0 at first.
     NSTimeInterval timeOffset() const { return m_timeOffset; }
     void setTimeOffset(NSTimeInterval offset) { m_timeOffset = offset; }
-    /// Runs, fractions allowed; 0 counts as 1. The largest float repeats for ever.
+    /// How many runs there are, fractions allowed; 0, at first, counts as 1. The largest float repeats for ever.
     float repeatCount() const { return m_repeatCount; }
     void setRepeatCount(float count) { m_repeatCount = count; }
     /// Whether each run goes back again, which takes as long once more.
@@ -62,10 +65,10 @@ public:
     /// Whether the layer drops the animation at its end; true unless set.
     bool isRemovedOnCompletion() const { return m_removedOnCompletion; }
     void setRemovedOnCompletion(bool flag) { m_removedOnCompletion = flag; }
-    /// Linear when nil.
+    /// The pace of each run; kept. Nil, at first, is linear.
     CAMediaTimingFunction* timingFunction() const { return m_timingFunction; }
     void setTimingFunction(CAMediaTimingFunction* function) { m_timingFunction = function; }
-    /// Not kept.
+    /// Told of start and stop; not kept. Nil at first.
     Delegate<CAAnimationDelegate> delegate() const { return m_delegate; }
     void setDelegate(Delegate<CAAnimationDelegate> delegate) { m_delegate = delegate; }
 
@@ -89,9 +92,9 @@ protected:
         /// Local seconds within the run.
         NSTimeInterval time;
     };
-    /// Nothing when the animation does not show at this time.
+    /// How far the animation is at this time; nothing when it does not show.
     std::optional<Progress> progressAt(NSTimeInterval time) const;
-    /// Everything that this class has; for `copy`.
+    /// Takes over everything that this class has; for `copy`.
     void copyTimingFrom(const CAAnimation& other);
 
 private:
@@ -110,9 +113,9 @@ private:
 /// An animation of one value of the layer, named by its key path: "opacity", "position.x", "transform.rotation.z".
 class CAPropertyAnimation : public CAAnimation {
 public:
-    /// Of the layer's value that it changes.
+    /// `keyPath`: of the layer's value that it changes.
     bool initWithKeyPath(const NSString& keyPath);
-    /// An unknown one animates nothing.
+    /// Names the layer's value that is animated; an unknown one animates nothing.
     const NSString& keyPath() const { return m_keyPath; }
     void setKeyPath(const NSString& keyPath) { m_keyPath = keyPath; }
 
@@ -124,16 +127,16 @@ private:
 /// there. With `byValue`, the missing end is that far away.
 class CABasicAnimation : public CAPropertyAnimation {
 public:
-    /// Without values: it stands still until it has one.
+    /// An animation of this value of the layer's. It has no values of its own, and stands still until it has one.
     static Ref<CABasicAnimation> animationWithKeyPath(const NSString& keyPath);
-    /// Boxed as the key path's value is. Nil at first.
+    /// Where it starts, boxed as the key path's value is. Nil at first.
     const NSValue& fromValue() const { return m_fromValue; }
     void setFromValue(const NSValue& value) { m_fromValue = value; }
+    /// Where it ends. Nil at first.
     const NSValue& toValue() const { return m_toValue; }
-    /// As for `fromValue`.
     void setToValue(const NSValue& value) { m_toValue = value; }
+    /// How far it goes, for a missing end. Nil at first.
     const NSValue& byValue() const { return m_byValue; }
-    /// As for `fromValue`.
     void setByValue(const NSValue& value) { m_byValue = value; }
 
     Ref<CAAnimation> copy() const override;
@@ -145,23 +148,25 @@ private:
     NSValue m_byValue;
 };
 
-/// See `CAKeyframeAnimation::calculationMode`: glides; steps; glides at an even pace.
+/// Glides from value to value.
 inline constexpr const char* kCAAnimationLinear = "linear";
+/// Jumps from value to value.
 inline constexpr const char* kCAAnimationDiscrete = "discrete";
+/// Glides at one speed all the way; `keyTimes` do not count.
 inline constexpr const char* kCAAnimationPaced = "paced";
 
 /// Through a list of values, evenly spaced in time unless `keyTimes` says otherwise.
 class CAKeyframeAnimation : public CAPropertyAnimation {
 public:
-    /// Without values it changes nothing.
+    /// An animation of this value of the layer's. It has no values of its own, and changes nothing until it has some.
     static Ref<CAKeyframeAnimation> animationWithKeyPath(const NSString& keyPath);
-    /// Boxed as the key path's value is. None at first.
+    /// What it goes through, each boxed as the key path's value is. None at first.
     const std::vector<NSValue>& values() const { return m_values; }
     void setValues(std::vector<NSValue> values) { m_values = std::move(values); }
     /// Fractions 0..1, rising, one a value (one more for discrete); ignored when their count does not fit.
     const std::vector<CGFloat>& keyTimes() const { return m_keyTimes; }
     void setKeyTimes(std::vector<CGFloat> times) { m_keyTimes = std::move(times); }
-    /// One a segment; missing ones are linear.
+    /// The pace from each value to the next; missing ones are linear.
     const std::vector<Ref<CAMediaTimingFunction>>& timingFunctions() const { return m_timingFunctions; }
     void setTimingFunctions(std::vector<Ref<CAMediaTimingFunction>> functions) {
         m_timingFunctions = std::move(functions);

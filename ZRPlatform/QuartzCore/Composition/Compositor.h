@@ -17,12 +17,14 @@ namespace zr {
 
 /// A rectangle of whole pixels.
 struct PixelRect {
+    /// In pixels, from the top left corner.
     int x = 0, y = 0, width = 0, height = 0;
 
     /// Without a pixel in it.
     bool isEmpty() const { return width <= 0 || height <= 0; }
-    /// Behind the last pixel, to the right and down.
+    /// The x of the first column that is not in it.
     int right() const { return x + width; }
+    /// The y of the first row that is not in it.
     int bottom() const { return y + height; }
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
@@ -58,7 +60,7 @@ public:
     /// Paints the trees, the first one lowest, as they show at the clock's time. Returns the rectangles that were
     /// repainted (they do not overlap); none when nothing changed.
     const std::vector<PixelRect>& compose(const std::vector<CALayer*>& roots, const SceneAids& aids = {});
-    /// The rectangles of the last `compose`.
+    /// The rectangles that the last `compose` repainted.
     const std::vector<PixelRect>& damage() const { return m_damage; }
     /// When an animation in the last composed picture changes it, by `CACurrentMediaTime`: a moment that has passed
     /// already while one glides, infinite when none runs.
@@ -69,16 +71,17 @@ public:
     /// @name Marks
     /// They are in `pixels` and snapshots, but in no damage: what has to be shown anew is more than that.
     /// @{
-    /// After a `compose`, and then after each that repaints something.
+    /// Lays marks over the picture: to be called after a `compose`, and then after each that repaints something.
     void showMarks(const FrameMarks& marks);
-    /// Also paints everything next time.
+    /// Takes the marks off; the next `compose` paints everything.
     void removeMarks();
     /// Where `pixels` differ from those after the `compose` before the last.
     const std::vector<PixelRect>& shownDamage() const;
     /// @}
 
-    /// Of the picture in pixels, and its pixels a point.
+    /// Pixels in a row of the picture.
     int width() const { return m_width; }
+    /// How many rows it has.
     int height() const { return m_height; }
     /// Pixels a point.
     double scale() const { return m_scale; }
