@@ -6,6 +6,7 @@
 #pragma GCC visibility push(default)
 namespace zr {
 
+/// @file
 /// Arithmetic on whole images in memory: buffers of interleaved pixels that the caller owns. Nothing here keeps a
 /// buffer, and everything may be called on any thread, from several at once as well.
 
@@ -16,9 +17,13 @@ using vImagePixelCount = std::size_t;
 /// distance in bytes from one row to the next, at least the length of a row; what lies between is never touched.
 /// Neither `data` nor `rowBytes` need be aligned.
 struct vImage_Buffer {
+    /// The first pixel of the first row; not owned.
     void* data = nullptr;
+    /// How many rows there are.
     vImagePixelCount height = 0;
+    /// How many pixels are in a row.
     vImagePixelCount width = 0;
+    /// Bytes from one row to the next; at least the length of a row.
     std::size_t rowBytes = 0;
 };
 
@@ -32,17 +37,23 @@ using vImage_Error = std::ptrdiff_t;
 inline constexpr vImage_Error kvImageNoError = 0;
 /// The part asked for reaches over the right or lower border of the source.
 inline constexpr vImage_Error kvImageRoiLargerThanInputBuffer = -21766;
+/// A side of the kernel is even, or zero.
 inline constexpr vImage_Error kvImageInvalidKernelSize = -21767;
+/// The flags hold no edge style, or more than one.
 inline constexpr vImage_Error kvImageInvalidEdgeStyle = -21768;
 /// The part asked for begins to the right of the source.
 inline constexpr vImage_Error kvImageInvalidOffset_X = -21769;
 /// The part asked for begins below the source.
 inline constexpr vImage_Error kvImageInvalidOffset_Y = -21770;
+/// There is not enough memory for the temporary buffer.
 inline constexpr vImage_Error kvImageMemoryAllocationError = -21771;
+/// A buffer, its data, or a colour that is asked for is null.
 inline constexpr vImage_Error kvImageNullPointerArgument = -21772;
+/// A width or height is zero, or `rowBytes` too small.
 inline constexpr vImage_Error kvImageInvalidParameter = -21773;
 /// Never returned: a destination larger than the source is kvImageRoiLargerThanInputBuffer, a smaller one is a part.
 inline constexpr vImage_Error kvImageBufferSizeMismatch = -21774;
+/// The flags hold one that is none of those below.
 inline constexpr vImage_Error kvImageUnknownFlagsBit = -21775;
 
 /// Options, added up.
@@ -60,6 +71,7 @@ inline constexpr vImage_Flags kvImageBackgroundColorFill = 4;
 inline constexpr vImage_Flags kvImageEdgeExtend = 8;
 /// Works on the calling thread alone.
 inline constexpr vImage_Flags kvImageDoNotTile = 16;
+/// Means nothing to the functions here.
 inline constexpr vImage_Flags kvImageHighQualityResampling = 32;
 /// Edge style: only the part of the kernel that lies on the source counts.
 inline constexpr vImage_Flags kvImageTruncateKernel = 64;

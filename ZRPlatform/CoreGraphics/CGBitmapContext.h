@@ -20,11 +20,16 @@ enum CGImageAlphaInfo : std::uint32_t {
 
 /// An alpha info plus a byte order.
 using CGBitmapInfo = std::uint32_t;
+
+/// The part of a bitmap info that is its `CGImageAlphaInfo`.
 inline constexpr CGBitmapInfo kCGBitmapAlphaInfoMask = 0x1F;
+/// The part of a bitmap info that is its byte order.
 inline constexpr CGBitmapInfo kCGBitmapByteOrderMask = 0x7000;
-/// Most significant byte first.
+/// The most significant byte first.
 inline constexpr CGBitmapInfo kCGBitmapByteOrderDefault = 0;
+/// The least significant byte of 32 bits first.
 inline constexpr CGBitmapInfo kCGBitmapByteOrder32Little = 2 << 12;
+/// The most significant byte of 32 bits first.
 inline constexpr CGBitmapInfo kCGBitmapByteOrder32Big = 4 << 12;
 
 /// A context that draws into memory. The first row of memory is the top of the picture.
@@ -45,12 +50,18 @@ Ref<CGImage> CGBitmapContextCreateImage(CGContextRef context);
 /// pixels and is empty from then on (0 x 0; drawing does nothing). Nil when this is no bitmap context or is empty.
 Ref<CGImage> CGBitmapContextTakeImage(CGContextRef context);
 
-/// Each of these gives null or 0 for anything but a bitmap context. The memory belongs to the context or its maker.
+/// The first pixel of the top row. The memory belongs to the context or its maker. Null for anything but a bitmap
+/// context.
 void* CGBitmapContextGetData(CGContextRef context);
+/// Pixels in a row; 0 for anything but a bitmap context.
 NSUInteger CGBitmapContextGetWidth(CGContextRef context);
+/// How many rows there are; 0 likewise.
 NSUInteger CGBitmapContextGetHeight(CGContextRef context);
+/// Bytes from one row to the next; 0 likewise.
 NSUInteger CGBitmapContextGetBytesPerRow(CGContextRef context);
+/// How the pixels lie in memory; 0 likewise.
 CGBitmapInfo CGBitmapContextGetBitmapInfo(CGContextRef context);
+/// Where the pixels keep their alpha; none likewise.
 CGImageAlphaInfo CGBitmapContextGetAlphaInfo(CGContextRef context);
 
 } // namespace zr

@@ -16,9 +16,9 @@ enum CGColorSpaceModel { kCGColorSpaceModelMonochrome = 0, kCGColorSpaceModelRGB
 /// What a colour's components mean.
 class CGColorSpace : public NSObject {
 public:
-    /// For `CGColorSpaceCreateDeviceRGB` and its kin.
+    /// A space of its own; `CGColorSpaceCreateDeviceRGB` and its kin give shared ones.
     explicit CGColorSpace(CGColorSpaceModel model) : m_model(model) {}
-    /// As given.
+    /// How many components its colours have.
     CGColorSpaceModel model() const { return m_model; }
 
 private:
@@ -26,16 +26,18 @@ private:
 };
 using CGColorSpaceRef = CGColorSpace*;
 
-/// The spaces of three components and of one.
+/// The space of red, green and blue. Every call gives the same one.
 Ref<CGColorSpace> CGColorSpaceCreateDeviceRGB();
+/// The space of one component, from 0 (black) to 1 (white). Every call gives the same one.
 Ref<CGColorSpace> CGColorSpaceCreateDeviceGray();
-/// As the space was made.
+/// How many components the space's colours have; monochrome for nil.
 CGColorSpaceModel CGColorSpaceGetModel(CGColorSpaceRef space);
 /// Colour components without alpha: 3, 1, or 0 for a pattern or nil.
 NSUInteger CGColorSpaceGetNumberOfComponents(CGColorSpaceRef space);
 
 /// Red, green, blue and alpha, not premultiplied, meant 0..1 and not clamped.
 struct RGBAColor {
+    /// A component, 0..1.
     CGFloat red = 0, green = 0, blue = 0, alpha = 0;
     friend bool operator==(const RGBAColor&, const RGBAColor&) = default;
 };
@@ -55,7 +57,7 @@ public:
     const std::vector<CGFloat>& components() const { return m_components; }
     /// 0..1; a pattern's is 1.
     CGFloat alpha() const { return m_components.empty() ? 1 : m_components.back(); }
-    /// Grey is spread over the three; a pattern gives transparent black.
+    /// The colour as red, green and blue: grey is spread over the three; a pattern gives transparent black.
     RGBAColor rgba() const;
     /// The tile (one pixel a unit); null for a plain colour and for a pattern of no image.
     CGImage* pattern() const;
@@ -71,14 +73,17 @@ using CGColorRef = CGColor*;
 
 /// `components`: the space's components, then alpha. Nil when the space is nil.
 Ref<CGColor> CGColorCreate(CGColorSpaceRef space, const CGFloat* components);
-/// Nil when `color` is nil or a pattern.
+/// The same colour with another alpha. Nil when `color` is nil or a pattern.
 Ref<CGColor> CGColorCreateCopyWithAlpha(CGColorRef color, CGFloat alpha);
-/// A get-style function: the colour goes on owning what is returned.
+/// The colour's space, which the colour goes on owning; nil for nil.
 CGColorSpaceRef CGColorGetColorSpace(CGColorRef color);
+/// The components, then alpha, as long as the colour lives; null for a pattern and for nil.
 const CGFloat* CGColorGetComponents(CGColorRef color);
-/// Components and alpha.
+/// How many of them there are, alpha included; 0 for a pattern and for nil.
 NSUInteger CGColorGetNumberOfComponents(CGColorRef color);
+/// 0..1, 1 for a pattern; 0 for nil.
 CGFloat CGColorGetAlpha(CGColorRef color);
+/// Equal colour spaces, components and pattern images. Nil equals nil alone.
 bool CGColorEqualToColor(CGColorRef a, CGColorRef b);
 
 } // namespace zr

@@ -30,9 +30,11 @@ private:
 using CFDataRef = const CFData*;
 using CFMutableDataRef = CFData*;
 
-/// Null and 0 for nil.
+/// The bytes, which belong to the data; null for nil.
 const std::uint8_t* CFDataGetBytePtr(CFDataRef data);
+/// The same, to be changed.
 std::uint8_t* CFDataGetMutableBytePtr(CFMutableDataRef data);
+/// How many bytes there are; 0 for nil.
 NSInteger CFDataGetLength(CFDataRef data);
 
 /// Where a bitmap's bytes come from.

@@ -18,9 +18,11 @@ public:
     CGImage(NSUInteger width, NSUInteger height, NSUInteger bytesPerRow, std::shared_ptr<const std::uint8_t[]> pixels,
             bool opaque);
 
-    /// In pixels; a row may have more bytes than its pixels need.
+    /// Pixels in a row.
     NSUInteger width() const { return m_width; }
+    /// How many rows there are.
     NSUInteger height() const { return m_height; }
+    /// Bytes from one row to the next; may be more than its pixels need.
     NSUInteger bytesPerRow() const { return m_bytesPerRow; }
     /// The first pixel of the first (top) row.
     const std::uint8_t* pixels() const { return m_pixels.get(); }
@@ -28,7 +30,7 @@ public:
     const std::uint32_t* row(NSUInteger y) const {
         return reinterpret_cast<const std::uint32_t*>(m_pixels.get() + y * m_bytesPerRow);
     }
-    /// Whether every pixel is known to be.
+    /// Whether every pixel is known to be opaque.
     bool isOpaque() const { return m_opaque; }
 
 private:
@@ -42,9 +44,11 @@ private:
 };
 using CGImageRef = CGImage*;
 
-/// Pixels; 0 for nil.
+/// Pixels in a row; 0 for nil.
 NSUInteger CGImageGetWidth(CGImageRef image);
+/// How many rows there are; 0 for nil.
 NSUInteger CGImageGetHeight(CGImageRef image);
+/// Bytes from one row to the next; 0 for nil.
 NSUInteger CGImageGetBytesPerRow(CGImageRef image);
 /// The part of the image inside `rect` (pixels from the top left, grown outwards to whole ones, but for a millionth of
 /// one, which is a rounding error). It shares the pixels. Nil when the rectangle misses the image.

@@ -28,7 +28,9 @@ public:
 
     /// @name For filters and contexts
     /// @{
+    /// A picture made as the recipe says; null gives an empty one.
     static Ref<CIImage> imageWithRecipe(std::shared_ptr<const ImageRecipe> recipe);
+    /// How the picture is made; null for an empty one.
     const std::shared_ptr<const ImageRecipe>& recipe() const { return m_recipe; }
     /// @}
 

@@ -31,7 +31,7 @@ private:
 /// Borrowed; the main and the global queues live as long as the process.
 using dispatch_queue_t = DispatchQueue*;
 
-/// Of the global queues.
+/// A priority of the global queues: waiting blocks of a higher one are begun first.
 inline constexpr long DISPATCH_QUEUE_PRIORITY_HIGH = 2;
 inline constexpr long DISPATCH_QUEUE_PRIORITY_DEFAULT = 0;
 inline constexpr long DISPATCH_QUEUE_PRIORITY_LOW = -2;
@@ -44,7 +44,7 @@ dispatch_queue_t dispatch_get_global_queue(long priority, unsigned long flags);
 /// A new serial queue; its blocks run on worker threads, one at a time. `label` may be nil.
 Ref<DispatchQueue> dispatch_queue_create(const NSString& label);
 
-/// A nil queue or an empty block is ignored.
+/// Hands the block over and returns at once. A nil queue or an empty block is ignored.
 void dispatch_async(dispatch_queue_t queue, std::function<void()> block);
 /// Returns when the block has run. It runs at once, on this thread, when it need not wait for its turn: on the main
 /// queue from the main thread, on a global queue, on a serial queue that is idle, and on the serial queue that is

@@ -28,8 +28,10 @@ public:
     /// What to add to `now` to get the time since 1 January 2001; 0 for a clock that starts there.
     virtual Nanoseconds offsetToReferenceDate() const { return 0; }
 
+    /// The clock that everything reads now; the real one unless another was set.
     static Clock& current();
-    /// Null brings the real clock back. The caller owns `clock`, and keeps it until it has set another.
+    /// Makes `clock` the current one; null brings the real clock back. The caller owns it, and keeps it until it has
+    /// set another.
     static void setCurrent(Clock* clock);
 };
 
@@ -37,7 +39,7 @@ public:
 class ManualClock : public Clock {
 public:
     Nanoseconds now() const override { return m_now.load(std::memory_order_relaxed); }
-    /// Going back is ignored.
+    /// Lets the time be this; going back is ignored.
     void advanceTo(Nanoseconds time);
 
 private:

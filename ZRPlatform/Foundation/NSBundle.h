@@ -17,7 +17,7 @@ public:
 
     /// False when there is no such folder.
     bool initWithPath(const NSString& path);
-    /// Of the folder.
+    /// The folder's path.
     const NSString& bundlePath() const { return m_path; }
     /// The full path of NAME.TYPE in this bundle (`type` nil or empty: of NAME); nil when there is no such file.
     NSString pathForResource_ofType(const NSString& name, const NSString& type) const;

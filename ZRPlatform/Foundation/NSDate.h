@@ -18,6 +18,7 @@ public:
 
     /// Seconds from `other` to this date; 0 when `other` is nil.
     NSTimeInterval timeIntervalSinceDate(const NSDate* other) const;
+    /// Seconds from now to this date; negative when it is past.
     NSTimeInterval timeIntervalSinceNow() const;
     /// Seconds since 1 January 2001.
     NSTimeInterval timeIntervalSinceReferenceDate() const;
@@ -25,6 +26,8 @@ public:
     Ref<NSDate> dateByAddingTimeInterval(NSTimeInterval seconds) const;
     /// Which of the two comes first.
     NSComparisonResult compare(const NSDate* other) const;
+
+    /// Whether it is the same moment.
     bool isEqual(const NSObject* other) const override;
 
 private:

@@ -13,8 +13,8 @@ namespace zr {
 /// nil.
 class NSIndexPath {
 public:
-    /// Nil.
     NSIndexPath() = default;
+    /// Nil.
     NSIndexPath(std::nullptr_t) {}
     /// Numbers are taken as they are: whether there is such a row is the list's business.
     static NSIndexPath indexPathForRow_inSection(NSInteger row, NSInteger section) {
@@ -26,8 +26,9 @@ public:
 
     /// Whether it is no place in a list: what a path is until it is made for a row.
     bool isNil() const { return m_section == NSNotFound; }
-    /// `NSNotFound` for nil.
+    /// The section's number, `NSNotFound` for nil.
     NSInteger section() const { return m_section; }
+    /// The row's number in its section, `NSNotFound` for nil.
     NSInteger row() const { return m_row; }
 
     /// By section, then by row; nil comes last.

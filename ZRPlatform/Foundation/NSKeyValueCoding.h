@@ -11,8 +11,11 @@ namespace zr {
 
 /// One key of a class: its name, its getter, and its setter if it can be written.
 struct KeyEntry {
+    /// What the key is called.
     const char* name;
+    /// Reads it, boxed; the object is of the class.
     NSValue (*get)(const NSObject* object);
+    /// Writes it; null for a key that is read-only.
     void (*set)(NSObject* object, const NSValue& value);
 };
 
@@ -45,7 +48,7 @@ public:
     KeyTable(const KeyTable& superclass, std::initializer_list<KeyEntry> entries) :
         m_superclass(&superclass), m_entries(entries) {}
 
-    /// Null for an unknown key.
+    /// The key of the name, of this class or a superclass; null for an unknown one.
     const KeyEntry* find(std::string_view name) const;
 
 private:
@@ -62,7 +65,9 @@ enum NSKeyValueObservingOptions : NSUInteger {
 
 /// What changed; each value is nil unless its option was asked for.
 struct NSKeyValueChange {
+    /// Nil unless `NSKeyValueObservingOptionNew` was asked for.
     NSValue newValue;
+    /// Nil unless `NSKeyValueObservingOptionOld` was asked for.
     NSValue oldValue;
 };
 

@@ -13,7 +13,7 @@ void setLogHandler(std::function<void(std::string_view)> handler);
 
 /// The framework version number, by which components tell old systems from new: 993.00 for 6.1, 1144.17 for 8.4.
 double NSFoundationVersionNumber();
-/// Set by the device profile at start.
+/// Sets it. The device profile does at start.
 void setFoundationVersionNumber(double number);
 
 } // namespace zr

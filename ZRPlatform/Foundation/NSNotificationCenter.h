@@ -15,7 +15,7 @@ class NSNotification : public NSObject {
 public:
     /// Name and information are copied, the sender is kept.
     bool initWithName_object_userInfo(const NSString& name, NSObject* object, const NSValue& userInfo);
-    /// As posted; the sender and the information may be nil.
+    /// The name that it was posted under.
     const NSString& name() const { return m_name; }
     /// The sender, kept; may be nil.
     NSObject* object() const { return m_object; }
@@ -39,11 +39,13 @@ public:
     /// A nil name observes every name, a nil object every sender. Observers and senders are held weakly. The message
     /// takes the `NSNotification`.
     void addObserver_selector_name_object(NSObject* observer, SEL selector, const NSString& name, NSObject* object);
-    /// Every registration of this observer; with a name or a sender, only those made for it.
+    /// Takes back every registration of this observer.
     void removeObserver(NSObject* observer);
+    /// Takes back those made for this name and this sender; nil stands for any.
     void removeObserver_name_object(NSObject* observer, const NSString& name, NSObject* object);
     /// Returns when everybody has been told. `object`: the sender, may be nil.
     void postNotificationName_object(const NSString& name, NSObject* object);
+    /// The same with free information, which may be nil.
     void postNotificationName_object_userInfo(const NSString& name, NSObject* object, const NSValue& userInfo);
 
 private:

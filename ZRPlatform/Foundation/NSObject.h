@@ -39,14 +39,14 @@ public:
     /// The plain initialiser. An override calls its superclass's first; false means "no object".
     virtual bool init();
 
-    /// Count one reference more, or less. `Ref` does it; nobody else should. The last release destroys the object.
+    /// Counts one reference more. `Ref` does it; nobody else should.
     virtual NSObject* retain();
-    /// As for `retain`; the last one destroys the object.
+    /// Counts one reference less; the last one destroys the object.
     virtual void release();
-    /// For logs; 0 once the object has begun to go away.
+    /// How many references there are, for logs; 0 once the object has begun to go away.
     NSUInteger retainCount() const;
 
-    /// Identity, unless a class says otherwise.
+    /// Whether it is the same object, unless a class says otherwise.
     virtual bool isEqual(const NSObject* other) const;
     /// The class name and address, for logs.
     virtual NSString description() const;
@@ -63,7 +63,9 @@ public:
     /// @name Messages by name
     /// A message to an object that is not of the selector's class is dropped and logged.
     /// @{
+    /// Sends the message now. Returns what the method returned, boxed; nil when the message was dropped.
     NSValue performSelector(SEL selector);
+    /// The same with an argument.
     NSValue performSelector_withObject(SEL selector, const NSValue& object);
     /// Sends the message on this thread's run loop after `delay` seconds (at least one turn later). The object is kept
     /// alive until then.
@@ -87,8 +89,9 @@ public:
     NSValue valueForKey(const NSString& key) const;
     /// An unknown or read-only key is logged and otherwise ignored; a value of the wrong type sets zero or nil.
     void setValue_forKey(const NSValue& value, const NSString& key);
-    /// As `valueForKey`, through objects: "titleLabel.text".
+    /// As `valueForKey`, through objects: "titleLabel.text". Nil when one on the way is nil.
     NSValue valueForKeyPath(const NSString& keyPath) const;
+    /// Sets a key of the object that the path before the last dot leads to; nothing happens when there is none.
     void setValue_forKeyPath(const NSValue& value, const NSString& keyPath);
     /// @}
 

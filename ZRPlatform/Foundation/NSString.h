@@ -23,7 +23,9 @@ public:
     NSString(std::nullptr_t) {}
     /// A null pointer gives nil.
     NSString(const char* text);
+    /// A copy of the text; never nil.
     NSString(std::string_view text);
+    /// A copy of the text; never nil.
     NSString(const std::string& text) : NSString(std::string_view(text)) {}
     /// printf's format and arguments, each `%@` left out: C types only.
     static NSString stringWithFormat(const char* format, ...) __attribute__((format(printf, 1, 2)));
@@ -56,15 +58,19 @@ public:
     /// when there is none; infinite when it is too large. The point is a point in every locale.
     double doubleValue() const;
 
-    /// Any text begins and ends with the empty one; nothing does with nil, nor does nil with anything.
+    /// Whether the text begins with this one. Any does with the empty one; nothing does with nil, nor does nil with
+    /// anything.
     bool hasPrefix(const NSString& prefix) const;
+    /// Whether the text ends with this one, likewise.
     bool hasSuffix(const NSString& suffix) const;
-    /// First place of `text`, or {NSNotFound, 0}.
+    /// The first place of `text`, or {NSNotFound, 0}.
     NSRange rangeOfString(const NSString& text) const;
     /// Ranges outside the string are cut to it. A surrogate pair is never split: a character of which the range holds
     /// one half only is left out. Of a nil string, nil.
     NSString substringWithRange(NSRange range) const;
+    /// From the index to the end; empty beyond that. Cut as by `substringWithRange`.
     NSString substringFromIndex(NSUInteger index) const;
+    /// Up to the index, without the code unit there. Cut as by `substringWithRange`.
     NSString substringToIndex(NSUInteger index) const;
     /// A surrogate pair that the range touches is replaced whole; an empty range inside one inserts before it.
     NSString stringByReplacingCharactersInRange_withString(NSRange range, const NSString& replacement) const;

@@ -22,13 +22,15 @@ enum NSComparisonResult : NSInteger { NSOrderedAscending = -1, NSOrderedSame = 0
 
 /// A run of UTF-16 code units in a string: first index and count.
 struct NSRange {
+    /// The first index.
     NSUInteger location = 0;
+    /// How many there are.
     NSUInteger length = 0;
 
     friend bool operator==(const NSRange&, const NSRange&) = default;
 };
 
-/// First index and count.
+/// Of the first index and the count.
 inline constexpr NSRange NSMakeRange(NSUInteger location, NSUInteger length) { return {location, length}; }
 /// The first index behind the range.
 inline constexpr NSUInteger NSMaxRange(NSRange range) { return range.location + range.length; }

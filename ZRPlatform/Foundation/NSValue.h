@@ -20,26 +20,34 @@ public:
     NSValue() = default;
     /// Nil.
     NSValue(std::nullptr_t) {}
-    /// A template, so that a pointer to something that is not an object does not slip in as a flag.
+    /// A boxed flag. A template, so that a pointer to something that is not an object does not slip in as one.
     template <std::same_as<bool> T>
     NSValue(T value) : m_value(value) {}
+    /// A boxed whole number.
     template <class T>
     requires(std::is_integral_v<T> && !std::is_same_v<T, bool>) NSValue(T value) :
         m_value(static_cast<std::int64_t>(value)) {}
+    /// The number of an enumerator.
     template <class T>
     requires std::is_enum_v<T> NSValue(T value) : m_value(static_cast<std::int64_t>(value)) {}
+    /// A boxed number.
     NSValue(double value) : m_value(value) {}
+    /// A boxed number.
     NSValue(float value) : m_value(static_cast<double>(value)) {}
+    /// A boxed string; a nil one gives nil.
     NSValue(const NSString& value) {
         if (!value.isNil())
             m_value = value;
     }
+    /// The same; a null pointer gives nil.
     NSValue(const char* value) : NSValue(NSString(value)) {}
+    /// The object, kept; null gives nil.
     template <class T>
     requires std::is_base_of_v<NSObject, T> NSValue(T* object) {
         if (object)
             m_value = Ref<NSObject>(object);
     }
+    /// The object, kept; nil gives nil.
     template <class T>
     NSValue(const Ref<T>& object) : NSValue(object.get()) {}
     /// An address, not followed and not owned; null gives nil.
@@ -66,15 +74,16 @@ public:
 
     /// Whether nothing is boxed.
     bool isNil() const { return std::holds_alternative<std::monostate>(m_value); }
-    /// Whether a number is not 0; false for what is no number.
+    /// Whether it is a flag that is set or a number that is not 0; false for what is neither.
     bool boolValue() const { return doubleValue() != 0; }
-    /// Fractions are cut off and what is out of range is clamped; not-a-number is 0.
+    /// The number, without its fraction. What is out of range is clamped; not-a-number is 0, and so is what is no
+    /// number.
     std::int32_t intValue() const { return as<std::int32_t>(); }
-    /// As `intValue`.
+    /// As `intValue`, in the range of `NSInteger`.
     NSInteger integerValue() const;
-    /// What is out of range is infinite.
+    /// The number, in single precision; infinite when it is out of range. 0 for what is no number.
     float floatValue() const;
-    /// 0 for what is no number.
+    /// The number; 0 for what is none.
     double doubleValue() const;
     /// The string; nil when the value is something else.
     NSString stringValue() const;
@@ -105,10 +114,15 @@ private:
 
 /// Makers of boxed numbers.
 struct NSNumber {
+    /// A flag.
     static NSValue numberWithBool(bool value) { return value; }
+    /// A whole number.
     static NSValue numberWithInt(std::int32_t value) { return value; }
+    /// A whole number.
     static NSValue numberWithInteger(NSInteger value) { return value; }
+    /// A number with a fraction.
     static NSValue numberWithFloat(float value) { return value; }
+    /// A number with a fraction.
     static NSValue numberWithDouble(double value) { return value; }
 };
 

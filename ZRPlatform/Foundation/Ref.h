@@ -17,10 +17,14 @@ public:
     Ref(std::nullptr_t) {}
     /// Retains `object`.
     Ref(T* object) : m_object(object) { retainObject(); }
+    /// Retains what the other one holds.
     Ref(const Ref& other) : m_object(other.m_object) { retainObject(); }
+    /// Takes the reference over, and leaves nil.
     Ref(Ref&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
+    /// Retains the object, here one of a derived class.
     template <class U>
     requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other) : m_object(other.get()) { retainObject(); }
+    /// Takes the reference over, and leaves nil.
     template <class U>
     requires std::is_convertible_v<U*, T*> Ref(Ref<U>&& other)
     noexcept : m_object(other.leak()) {}
@@ -41,9 +45,11 @@ public:
 
     /// The object, borrowed; null for nil.
     T* get() const { return m_object; }
-    /// The object, where a pointer is asked for. Calling through nil is undefined.
+    /// The object, where a pointer is asked for; null for nil.
     operator T*() const { return m_object; }
+    /// The object's members. Calling through nil is undefined.
     T* operator->() const { return m_object; }
+    /// The object itself. Undefined for nil.
     T& operator*() const { return *m_object; }
 
     /// Gives the reference away: the caller now owns it.

@@ -45,6 +45,7 @@ public:
     Weak(std::nullptr_t) {}
     /// Reads null from when the object begins to go away. Nothing is retained.
     Weak(T* object) : m_object(object), m_anchor(object ? object->weakAnchor() : nullptr) {}
+    /// The same.
     template <class U>
     requires std::is_convertible_v<U*, T*> Weak(const Ref<U>& object) : Weak(static_cast<T*>(object.get())) {}
 
@@ -55,6 +56,7 @@ public:
 
     /// The same as `get`.
     operator T*() const { return get(); }
+    /// The object's members. Calling through nil is undefined.
     T* operator->() const { return get(); }
 
 private:
@@ -69,16 +71,20 @@ public:
     Delegate() = default;
     /// Nil.
     Delegate(std::nullptr_t) {}
+    /// Reads nil once the object is gone; null gives nil. Nothing is retained.
     template <class T>
     requires(std::is_base_of_v<NSObject, T>&& std::is_base_of_v<Protocol, T>) Delegate(T* object) :
         m_object(static_cast<NSObject*>(object)), m_protocol(object) {}
+    /// The same.
     template <class T>
     requires(std::is_base_of_v<NSObject, T>&& std::is_base_of_v<Protocol, T>) Delegate(const Ref<T>& object) :
         Delegate(object.get()) {}
 
     /// The delegate by its protocol; null once it is gone.
     Protocol* get() const { return m_object.get() ? m_protocol : nullptr; }
+    /// The same as `get`.
     operator Protocol*() const { return get(); }
+    /// The delegate's messages. Calling through nil is undefined.
     Protocol* operator->() const { return get(); }
     /// The delegate as an object; nil when it is gone. Hold it while calling a method that may drop the delegate.
     Ref<NSObject> object() const { return m_object.lock(); }
