@@ -22,6 +22,7 @@ namespace zr {
 
 /// The colour of one pixel of a frame, each part 0..255.
 struct FramePixel {
+    /// 0..255.
     std::uint8_t red = 0, green = 0, blue = 0;
     friend bool operator==(const FramePixel&, const FramePixel&) = default;
 };
@@ -69,30 +70,35 @@ public:
     /// Fingers are told apart by number. One that is down cannot go down again, and one that is up cannot do anything
     /// else: such calls are ignored.
     /// @{
+    /// The finger goes down at the point.
     void touchDown(CGPoint point, int finger = 0);
+    /// The finger is at the point at once.
     void touchMove(CGPoint point, int finger = 0);
-    /// Along a line, in steps of 1/60 s while the clock advances by `seconds`; arrives exactly at the end.
+    /// The finger goes there along a line, in steps of 1/60 s while the clock advances by `seconds`; arrives exactly at
+    /// the end.
     void touchMove(CGPoint point, NSTimeInterval seconds, int finger = 0);
-    /// Where it is.
+    /// The finger goes up where it is.
     void touchUp(int finger = 0);
+    /// The touch is cancelled, as by a host that takes the finger for itself.
     void touchCancel(int finger = 0);
-    /// Down and up at once.
+    /// A finger goes down and up at once.
     void tap(CGPoint point);
     /// Turns a wheel there: `delta` points towards the end of the content. False when nothing scrolls there.
     bool wheel(CGPoint point, CGPoint delta);
+    /// Whether the finger is down.
     bool isTouching(int finger = 0) const { return m_fingers.count(finger) != 0; }
     /// @}
 
     /// @name Keyboard
     /// Each returns false when nobody used it.
     /// @{
-    /// Character by character, as typed; a line feed is the return key.
+    /// Types character by character; a line feed is the return key. False when none of them was used.
     bool typeText(const NSString& text);
-    /// What an input method is composing, the caret behind it; empty ends it.
+    /// What an input method is composing, the caret behind it; empty ends it. False when nobody takes text.
     bool setMarkedText(const NSString& text);
-    /// `modifiers`: a sum of `UIKeyModifierFlags`.
+    /// `modifiers`: a sum of `UIKeyModifierFlags`. False when nobody used the key.
     bool pressKey(UIKey key, unsigned modifiers = 0);
-    /// Control and 'a', 'c', 'v' or 'x'.
+    /// The control key with 'a', 'c', 'v' or 'x'. False when nobody used it.
     bool clipboardKey(char letter);
     /// Whether a text input has the focus.
     bool isTextInputActive() const { return m_textInputActive; }
@@ -133,6 +139,7 @@ public:
     /// Writes the recording, an animated WebP of full quality that plays for ever; frames like the one before only
     /// lengthen it. False when nothing is recorded or the file cannot be written. The host's end stops it too.
     bool stopRecording();
+    /// Whether a recording runs.
     bool isRecording() const { return m_recorder != nullptr; }
     /// @}
 
@@ -142,6 +149,7 @@ public:
     void textInputChanged(bool active, CGRect caret) override;
     /// Only remembered: the application ends with its host.
     void close() override { m_isClosed = true; }
+    /// The application's clock takes so many of the manual clock's seconds for one of its own.
     void setSlowMotion(int factor) override { m_applicationClock.setSlowness(factor); }
     /// Kept in memory, nil at first.
     NSString clipboardText() const override { return m_clipboard; }
