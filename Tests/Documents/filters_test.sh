@@ -72,41 +72,76 @@ echo "No code." >empty.md
 }
 
 cat >Header.h <<'END'
-/// From left to right.
+/// A part of a line.
 struct Span {
+    /// From left to right.
     int left = 0, right = 0;
     int width() const;
+    /// In seconds.
+    double begin = 0;
+    double end = 0;
+    int count = 0;
 };
+/// What a key is called.
+inline constexpr const char* kFirst = "first";
+inline constexpr const char* kSecond = "second";
 class Thing {
 public:
     /// Points; 0 at first.
     int size() const;
     void setSize(int size);
+    void setSize_animated(int size, bool animated);
     bool isRound() const;
     /// Shows at once.
     void setRound(bool round);
+    /// Called afterwards.
+    std::function<void(int)> block() const;
+    void setBlock(std::function<void(int)> block);
+    /// False at first.
+    bool isOpen() const;
+    void setOpen(bool open);
+    /// True at first.
+    bool isWide() const;
+    void setWide(bool wide) override;
+    /// Of nothing.
+    Thing();
+    Thing(const Thing&) = delete;
 
     /// @name Movement
     /// In seconds.
     /// @{
     /// Begins anew.
     void start();
-    void stop();
+    void start(int speed);
+    void startAgain();
     /// @}
+
+    /// At least 0.
+    int top() const;
+    int bottom() const;
     /// As large as its text.
     int height() const;
     void layoutSubviews() override;
-    void unsaid();
+    /// Its number.
+    int* operator->() const;
+    int& operator*() const;
 };
 END
 awk -f "$root/Docs/spread_comments.awk" Header.h >Spread.h
-expect "fields" Spread.h \
-    '    /** From left to right. */ int left = 0; /** From left to right. */ int right = 0;' \
-    '    /** From left to right. */ int width() const;'
-expect "a getter's words" Spread.h '    /** Points; 0 at first. */ void setSize(int size);'
+expect "a row of fields" Spread.h '    int left = 0; /** From left to right. */ int right = 0;'
+expect "fields of one type" Spread.h '    double begin = 0;' '    /** In seconds. */ double end = 0;'
+expect "constants" Spread.h '/** What a key is called. */ inline constexpr const char* kSecond = "second";'
+expect "a getter's words" Spread.h '    /** Points; 0 at first. */ void setSize(int size);' \
+    '    /** Called afterwards. */ void setBlock(std::function<void(int)> block);' \
+    '    /** False at first. */ void setOpen(bool open);'
 expect "a setter's words" Spread.h '    /** Shows at once. */ bool isRound() const;'
-expect "a group's words" Spread.h '    /** @{ */' '    void start();' '    /** In seconds. */ void stop();' '    /** @} */'
-expect "no words of another kind" Spread.h '    void layoutSubviews() override;' '    void unsaid();'
+expect "overloads" Spread.h '    /** Begins anew. */ void start(int speed);'
+expect "brackets of groups" Spread.h '    /** @{ */' '    /** @} */'
+# What only stands below others, or in a group.
+expect "no words of others" Spread.h '    int width() const;' '    int count = 0;' \
+    '    void setSize_animated(int size, bool animated);' '    Thing(const Thing&) = delete;' '    void startAgain();' \
+    '    int bottom() const;' '    void layoutSubviews() override;' '    void setWide(bool wide) override;' \
+    '    int& operator*() const;'
 [[ $(wc -l <Header.h) == "$(wc -l <Spread.h)" ]] || {
     echo "FAILED: lines lose their numbers" >&2
     failed=1
