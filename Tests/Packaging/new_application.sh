@@ -39,10 +39,9 @@ build_with_cmake "deep/folder of mine" "deep/folder of mine/build" "$work/prefix
 [[ -x "deep/folder of mine/build/my-tasks" ]] || fail "the program is not called my-tasks"
 
 echo "-- the line it prints, where the kit is built and not installed"
-mkdir -p ../checkout/build
-cp "$zr" ../checkout
-cp -R "$(dirname "$zr")/Templates" ../checkout
-ln -sfn "$build" ../checkout/build/release
+mkdir -p ../checkout/build/release
+cp -R "$zr" "$(dirname "$zr")/Templates" ../checkout
+cp "$build"/ZRKitDynamic*.cmake ../checkout/build/release
 line=$(../checkout/zr new "../own folder/beginner" 2>&1 | tail -n 1)
 [[ $line == cd*"build/beginner" ]] || fail "new says \"$line\""
 quietly bash -c "${line%&&*}" || fail "what new says does not work: $line"

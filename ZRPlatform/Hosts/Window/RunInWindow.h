@@ -11,7 +11,9 @@ namespace zr {
 
 /// How an application shows in a window of the desktop.
 struct WindowOptions {
+    /// The device that the application is to believe it runs on.
     DeviceProfile profile;
+    /// The window's, in its title bar.
     NSString title;
     /// What is on from the start.
     DebugAids debugAids;
