@@ -24,10 +24,7 @@ public:
 
 protected:
     Ref<ZRTAlertView> makeAlert() override {
-        Ref<ZRTAlertView> alert =
-            make<TouchableAlert>(&ZRTAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
-                                 spec().title, spec().message, this, spec().cancel, spec().ok);
-        alert->alertViewStyle_detailMessage(spec().style, spec().detailMessage);
+        auto alert = makeAlertOf<TouchableAlert>();
         alert->setRotationImage(UIImage::imageNamed("gallery_spinner.png"));
         // The default size keeps room for buttons.
         alert->setAlertViewSize(CGSizeMake(220, 142));

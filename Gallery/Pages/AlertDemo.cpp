@@ -1,6 +1,5 @@
 #include <Gallery/Pages/AlertDemo.h>
 
-#include <Gallery/Settings/SampleText.h>
 #include <ZRPlatform/UIKit/Controls/UITextField.h>
 
 namespace zr::gallery {
@@ -8,14 +7,6 @@ namespace zr::gallery {
 bool AlertDemo::initWithPage_spec(PageView* page, const AlertSpec& spec) {
     m_spec = spec;
     return initWithPage(page);
-}
-
-Ref<ZRTAlertView> AlertDemo::makeAlert() {
-    auto alert = make<ZRTAlertView>(&ZRTAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
-                                    SampleText::translated(m_spec.title), SampleText::translated(m_spec.message), this,
-                                    SampleText::translated(m_spec.cancel), SampleText::translated(m_spec.ok));
-    alert->alertViewStyle_detailMessage(m_spec.style, SampleText::translated(m_spec.detailMessage));
-    return alert;
 }
 
 void AlertDemo::overlayWillGo() {

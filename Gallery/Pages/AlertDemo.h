@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Gallery/Pages/OverlayDemo.h>
+#include <Gallery/Settings/SampleText.h>
 #include <ZRKitDynamic/ZRTAlertView/ZRTAlertView.h>
 
 namespace zr::gallery {
@@ -26,7 +27,17 @@ protected:
     /// Nil once it has been dismissed.
     ZRTAlertView* alert() const { return static_cast<ZRTAlertView*>(overlay()); }
 
-    virtual Ref<ZRTAlertView> makeAlert();
+    virtual Ref<ZRTAlertView> makeAlert() { return makeAlertOf<ZRTAlertView>(); }
+    /// An alert of the class `Alert` with the texts of `spec`, in the language of the sample texts.
+    template <class Alert>
+    Ref<ZRTAlertView> makeAlertOf() {
+        Ref<ZRTAlertView> alert =
+            make<Alert>(&ZRTAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
+                        SampleText::translated(m_spec.title), SampleText::translated(m_spec.message), this,
+                        SampleText::translated(m_spec.cancel), SampleText::translated(m_spec.ok));
+        alert->alertViewStyle_detailMessage(m_spec.style, SampleText::translated(m_spec.detailMessage));
+        return alert;
+    }
     const char* showTitle() const override { return "Show alert"; }
     Ref<ZRBaseAlert> makeOverlay() final { return makeAlert(); }
     void overlayWillGo() override;

@@ -29,7 +29,8 @@ private:
     void step() {
         m_percent += 2;
         alert()->setProgress(m_percent);
-        alert()->setDetailMessage(NSString::stringWithFormat("%d %% of 24 MB", m_percent));
+        alert()->setDetailMessage(
+            NSString::stringWithFormat("%d %% %s", m_percent, SampleText::translated("of 24 MB")));
         if (m_percent == 100)
             alert()->dismissAlertView();
     }
@@ -74,7 +75,7 @@ std::vector<Page> alertStylePages() {
         {"alert-progress", "Progress", kFamily, "A bar that fills while one waits", "icon_alert_progress.png",
          "A bar and a caption that follow the work. The alert goes by itself when the bar is full.",
          showsAlert<ProgressDemo>(
-             {"Downloading", "Mountains.zip", "Stop", nullptr, ZRTAlertViewStyleProgress, "0 % of 24 MB"})},
+             {"Downloading", "Mountains.zip", "Stop", nullptr, ZRTAlertViewStyleProgress, "of 24 MB"})},
         {"alert-rotation", "Rotation", kFamily, "An image that spins", "icon_alert_rotation.png",
          "An image of the application’s own turns twice a second above a caption.",
          showsAlert<RotationDemo>({"Synchronizing", "Your notes are being compared.", "Stop", nullptr,

@@ -9,14 +9,6 @@ namespace {
 
 constexpr const char* kFamily = "TIPS ALERTS";
 
-constexpr const char* kLongMessage =
-    "Every picture that you take is kept twice: on this phone, and in the safe at home, as soon as both are on the "
-    "same "
-    "network. Pictures that you delete here go to the album of deleted ones first, where they stay for thirty days. "
-    "After that they are gone, here and at home. If you would rather keep them for ever, say so in the settings of the "
-    "album. Albums that you share are counted for each of those who share them, so that a wedding with two hundred "
-    "guests does not fill the safe of the bride.";
-
 /// What a tips alert is made of. Null texts are nil: no label, no button.
 struct TipsSpec {
     const char* title;
@@ -70,7 +62,7 @@ std::vector<Page> tipsPages() {
         {"tips-image", "With image", kFamily, "A picture and a title on a band", "icon_tips_image.png",
          "A coloured band holds a picture and a bold title; the message stands below it. The panel grows with what it "
          "holds.",
-         showsTips({"Did you know?", "A long press opens an album.", "Close", "Next tip", "gallery_tip.png"})},
+         showsTips({"Did you know?", "A double tap opens an album.", "Close", "Next tip", "gallery_tip.png"})},
         {"tips-no-image", "Without image", kFamily, "A band in another colour", "icon_tips_no_image.png",
          "Without a picture the band holds the title alone. It takes any colour.",
          showsTips({"Storage almost full", "Less than one gigabyte is left on this phone.", "Later", "Tidy up"},
@@ -85,11 +77,11 @@ std::vector<Page> tipsPages() {
          showsTips({"Welcome back", nullptr, "Close", "Start", "gallery_tip.png"})},
         {"tips-long", "Long text", kFamily, "Cut to what the default size gives it", "icon_tips_long.png",
          "A text that would fill the screen gets 70 points in a panel of the default size, and ends with an ellipsis.",
-         showsTips({"How your pictures are kept", kLongMessage, "Close", "More", "gallery_tip.png"})},
+         showsTips({"How your pictures are kept", SampleText::kLongMessage, "Close", "More", "gallery_tip.png"})},
         {"tips-size", "Own size", kFamily, "Room for a long text", "icon_tips_size.png",
          "An application that sets the size decides how much of a long text there is room for; the panel then keeps "
          "that height.",
-         showsTips({"How your pictures are kept", kLongMessage, "Close", "More", "gallery_tip.png"},
+         showsTips({"How your pictures are kept", SampleText::kLongMessage, "Close", "More", "gallery_tip.png"},
                    [](ZRTipsAlertView* alert) { alert->setAlertViewSize(CGSizeMake(290, 480)); })},
     };
 }

@@ -2,7 +2,6 @@
 
 #include <Gallery/GalleryApplication.h>
 #include <Gallery/Look/Look.h>
-#include <Gallery/Settings/SampleText.h>
 #include <gtest/gtest.h>
 
 namespace zr::test {
@@ -19,11 +18,13 @@ void collect(UIView* view, std::vector<UIView*>& views) {
 
 } // namespace
 
-GalleryScreen::GalleryScreen(const std::string& page, const DeviceProfile& profile) : host(profile) {
+GalleryScreen::GalleryScreen(const std::string& page, const DeviceProfile& profile,
+                             gallery::SampleText::Language language) :
+    host(profile) {
     const auto* opened = page.empty() ? nullptr : gallery::pageNamed(page);
     EXPECT_EQ(opened == nullptr, page.empty()) << page;
     // What another test has chosen in this process is not this one's.
-    gallery::SampleText::setLanguage(gallery::SampleText::Language::English);
+    gallery::SampleText::setLanguage(language);
     gallery::Look::setHue(gallery::Look::Hue::Green);
     host.launch(make<gallery::GalleryApplication>(&gallery::GalleryApplication::initWithPage, opened));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Gallery/Pages/Page.h>
+#include <Gallery/Settings/SampleText.h>
 #include <ZRKitDynamic/ZRProgressHUD/ZRProgressHUD.h>
 #include <ZRPlatform/Hosts/Headless/HeadlessHost.h>
 #include <ZRPlatform/UIKit/Views/UILabel.h>
@@ -14,7 +15,8 @@ namespace zr::test {
 class GalleryScreen {
 public:
     /// `page`: empty for the list.
-    explicit GalleryScreen(const std::string& page, const DeviceProfile& profile = {});
+    explicit GalleryScreen(const std::string& page, const DeviceProfile& profile = {},
+                           gallery::SampleText::Language language = gallery::SampleText::Language::English);
 
     HeadlessHost host;
 

@@ -6,6 +6,8 @@
 #include <ZRPlatform/QuartzCore/Animations/CAAnimation.h>
 #include <gtest/gtest.h>
 
+#include <regex>
+
 using namespace zr;
 using namespace zr::test;
 
@@ -20,7 +22,42 @@ Overlay* overlayOn(const GalleryScreen& screen) {
 
 bool isSpinning(ZRToastView* toast) { return toast->rotationImageView()->layer()->animationForKey("transform"); }
 
+/// The first word of the overlay in Latin letters that is neither a unit nor the end of a file's name; empty when there
+/// is none.
+std::string firstLatinWord(const GalleryScreen& screen) {
+    static const std::regex word("[A-Za-z]+");
+    const auto* overlay = overlayOn<ZRBaseAlert>(screen);
+    for (const UILabel* label : screen.all<UILabel>()) {
+        if (!overlay || !label->isDescendantOfView(overlay))
+            continue;
+        const std::string text = label->text().UTF8String();
+        for (std::sregex_iterator found(text.begin(), text.end(), word), end; found != end; ++found) {
+            if (const std::string each = found->str(); each != "MB" && each != "GB" && each != "zip")
+                return each;
+        }
+    }
+    return "";
+}
+
 } // namespace
+
+TEST(OverlayPages, SampleTextsAreAllOfThemInTheChosenLanguage) {
+    using gallery::SampleText::Language;
+    for (const gallery::Page& page : gallery::allPages()) {
+        const std::string name = page.name;
+        const bool hasTextsOfItsOwn = name.starts_with("alert-long-") || name == "alert-button";
+        if (hasTextsOfItsOwn ||
+            !(name.starts_with("alert-") || name.starts_with("toast-") || name.starts_with("tips-")))
+            continue;
+        SCOPED_TRACE(name);
+        for (const Language language : {Language::Chinese, Language::Arabic, Language::Emoji}) {
+            GalleryScreen screen(name, {}, language);
+            screen.host.advance(0.5);
+            EXPECT_TRUE(overlayOn<ZRBaseAlert>(screen));
+            EXPECT_EQ(firstLatinWord(screen), "");
+        }
+    }
+}
 
 TEST(ToastPages, AToastIsDismissedAfterThreeSecondsAndCanBeShownAgain) {
     for (const char* name : {"toast-still", "toast-spinning", "toast-no-icon", "toast-no-text"}) {

@@ -191,7 +191,8 @@ TEST(PageSource, HoldsTheWholeFunctionOrClassThatMakesThePage) {
 
 TEST(PageSource, FollowsWhatIsUsedIntoOtherFilesAndLeavesTheRestOut) {
     const std::string alert = textOf(sourceOfPage("alert-checkbox"));
-    EXPECT_TRUE(contains(alert, "Ref<ZRTAlertView> AlertDemo::makeAlert() {"));
+    EXPECT_TRUE(contains(alert, "    Ref<ZRTAlertView> makeAlertOf() {"));
+    EXPECT_TRUE(contains(alert, "void AlertDemo::overlayWillGo() {"));
     EXPECT_TRUE(contains(alert, "void OverlayDemo::show() {"));
     EXPECT_FALSE(contains(alert, "class RotationDemo"));
     EXPECT_FALSE(contains(alert, "alert-rotation"));
