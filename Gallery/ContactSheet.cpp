@@ -18,6 +18,8 @@ constexpr CGFloat kMargin = 28;
 constexpr CGFloat kGap = 24;
 constexpr CGFloat kPictureWidth = 200;
 constexpr CGFloat kCaptionHeight = 50;
+/// All pages at three pixels a point would have more pixels than an image may.
+constexpr CGFloat kMostScale = 2;
 
 /// Where things go on the sheet, in points.
 struct SheetGeometry {
@@ -93,6 +95,7 @@ Ref<CGImage> drawSheet(CGSize size, CGFloat scale, const std::function<void()>& 
 Ref<CGImage> drawContactSheet(const std::vector<ContactSheetEntry>& entries, CGFloat scale) {
     if (entries.empty())
         return nullptr;
+    scale = std::min(scale, kMostScale);
     const SheetGeometry geometry = calculateGeometry(entries.size(), entries.front().picture);
     return drawSheet(geometry.size(), scale, [&] {
         for (std::size_t i = 0; i < entries.size(); ++i)

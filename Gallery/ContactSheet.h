@@ -15,7 +15,8 @@ struct ContactSheetEntry {
 };
 
 /// All pictures, made small, in rows of seven, each with its title and its name below it. A picture of another
-/// shape than the first one lies in the middle of its place. `scale`: the sheet's pixels a point.
+/// shape than the first one lies in the middle of its place. `scale`: the sheet's pixels a point, of
+/// which there are two at most.
 /// Nil without entries.
 Ref<CGImage> drawContactSheet(const std::vector<ContactSheetEntry>& entries, CGFloat scale);
 

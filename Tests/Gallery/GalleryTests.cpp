@@ -1,5 +1,7 @@
 #include <Tests/Gallery/GalleryProgram.h>
 
+#include <Gallery/ContactSheet.h>
+#include <ZRPlatform/UIKit/Images/UIGraphics.h>
 #include <ZRPlatform/UIKit/Images/UIImage.h>
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -176,6 +178,14 @@ TEST(Gallery, RenderWritesThePagesTheListAndTheContactSheet) {
     ASSERT_TRUE(sheet);
     EXPECT_GT(sheet->CGImage()->width(), 2000u);
     EXPECT_GE(colorCount(sheet->CGImage()), 50u);
+}
+
+TEST(Gallery, TheContactSheetOfTheLargestScreenCanBeDrawn) {
+    UIGraphicsBeginImageContextWithOptions(CGSizeMake(9, 16), true, 1);
+    const Ref<UIImage> picture = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    const std::vector<gallery::ContactSheetEntry> entries(kPages.size() + 1, {"Title", "name", picture->CGImage()});
+    EXPECT_TRUE(gallery::drawContactSheet(entries, 3));
 }
 
 TEST(Gallery, AnOverviewShowsTheListAndFivePages) {
