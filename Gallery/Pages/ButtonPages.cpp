@@ -57,19 +57,33 @@ void addColumnTitles(UIView* table, CGFloat columnWidth, UIColor* color) {
     }
 }
 
+Ref<UIColor> darkGround() { return ZRColor::zrColorWithRed_green_blue_alpha(28, 62, 92, 1); }
+
+CGFloat rowTop(std::int32_t style) { return kHeaderHeight + style * kRowHeight; }
+
+/// Behind styles 4 and 5, of which white would show little or nothing.
+void addBand(UIView* table) {
+    const auto band = make<UIView>(&UIView::initWithFrame,
+                                   CGRectMake(1, rowTop(4), table->bounds().size.width - 2, rowTop(6) - rowTop(4)));
+    band->setBackgroundColor(darkGround());
+    table->addSubview(band);
+}
+
 /// All styles, a row each, in their three states. `ground`: null for white.
 std::function<void(PageView&)> showsButtons(const Ref<UIColor>& ground) {
     return [ground](PageView& page) {
-        const CGFloat height = kHeaderHeight + kStyleCount * kRowHeight + kPadding;
+        const CGFloat height = rowTop(kStyleCount) + kPadding;
         const auto table = Look::card(CGRectMake(0, 0, page.contentWidth(), height));
         if (ground) {
             table->setBackgroundColor(ground);
             table->layer()->setBorderWidth(0);
+        } else {
+            addBand(table);
         }
         const CGFloat columnWidth = (page.contentWidth() - 2 * kPadding) / kColumnCount;
         addColumnTitles(table, columnWidth, ground ? UIColor::whiteColor() : Look::detailColor());
         for (std::int32_t style = 0; style < kStyleCount; ++style) {
-            const CGFloat y = kHeaderHeight + style * kRowHeight + (kRowHeight - kButtonHeight) / 2;
+            const CGFloat y = rowTop(style) + (kRowHeight - kButtonHeight) / 2;
             for (int column = 0; column < kColumnCount; ++column) {
                 const CGFloat left = Look::wholePixels(kPadding + column * columnWidth + kPadding / 2);
                 const CGRect frame = CGRectMake(left, y, std::floor(columnWidth) - kPadding, kButtonHeight);
@@ -85,12 +99,11 @@ std::function<void(PageView&)> showsButtons(const Ref<UIColor>& ground) {
 std::vector<Page> buttonPages() {
     return {
         {"button-light", "On a light ground", kFamily, "Eight styles in three states", "icon_button_light.png",
-         "The eight styles, as they are, while they are pressed, and disabled. The buttons on the left can be tapped, "
-         "and count.",
+         "The eight styles, as they are, pressed, and disabled. Styles 4 and 5, made for coloured grounds, stand on "
+         "one. The buttons on the left can be tapped, and count.",
          showsButtons(nullptr)},
         {"button-color", "On a coloured ground", kFamily, "The same on colour", "icon_button_color.png",
-         "Styles 4 and 5 are made for coloured grounds.",
-         showsButtons(ZRColor::zrColorWithRed_green_blue_alpha(28, 62, 92, 1))},
+         "Styles 4 and 5 are made for coloured grounds.", showsButtons(darkGround())},
     };
 }
 

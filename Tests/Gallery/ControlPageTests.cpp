@@ -24,6 +24,15 @@ TEST(ButtonPages, ShowAllStylesInTheirThreeStates) {
     }
 }
 
+TEST(ButtonPages, WhatIsMadeForColouredGroundsStandsOnOne) {
+    GalleryScreen screen("button-light");
+    for (const ZRButton* button : screen.all<ZRButton>()) {
+        const CGPoint beside = button->convertPoint_toView({-3, 17}, nullptr);
+        const bool isOnWhite = screen.host.pixel(beside) == FramePixel{255, 255, 255};
+        EXPECT_EQ(isOnWhite, button->style() != 4 && button->style() != 5) << button->style();
+    }
+}
+
 TEST(ButtonPages, OnlyTheNormalOnesCanBeTappedAndCount) {
     GalleryScreen screen("button-light");
     const auto buttons = screen.all<ZRButton>();
