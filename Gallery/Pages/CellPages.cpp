@@ -21,21 +21,21 @@ struct AccessoryRow {
 };
 
 constexpr AccessoryRow kAccessoryRows[] = {
-    {ZRAccessoryTypeNone, "None", "The text has all of the row. Taps are counted, here and in most of the others."},
-    {ZRAccessoryTypeImage, "Image", "A picture that the application brings, in the middle of its place."},
-    {ZRAccessoryTypeButton, "Button", "A button of its own, whose taps are not the row's."},
-    {ZRAccessoryTypeLoading, "Loading", "An icon that stands still by itself; here the page turns it."},
-    {ZRAccessoryTypeCheckBox, "Check box", "A tap of the row checks it as well as one of the box itself."},
-    {ZRAccessoryTypeSwitch, "Switch", "It is moved by itself only, and its row stays white."},
-    {ZRAccessoryTypeCheckMark, "Check mark", "It goes when the row is tapped, and comes back the next time."},
-    {ZRAccessoryTypeListIcon, "List icon", "It tells that a tap leads on to something else."},
+    {ZRAccessoryTypeNone, "None", "Here and in most others taps are counted."},
+    {ZRAccessoryTypeImage, "Image", "A picture that the application brings."},
+    {ZRAccessoryTypeButton, "Button", "Its taps are not the row’s."},
+    {ZRAccessoryTypeLoading, "Loading", "The page turns it, not the kit."},
+    {ZRAccessoryTypeCheckBox, "Check box", "A tap of the row checks it too."},
+    {ZRAccessoryTypeSwitch, "Switch", "Only its own taps move it."},
+    {ZRAccessoryTypeCheckMark, "Check mark", "It comes and goes with taps of the row."},
+    {ZRAccessoryTypeListIcon, "List icon", "It tells that a tap leads on."},
 };
 
 /// All accessories, each of which tells in its row what was done with it.
 class AccessoryScreen : public PageRowScreen {
 public:
     NSInteger tableView_numberOfRowsInSection(UITableView*, NSInteger) override { return std::size(kAccessoryRows); }
-    CGFloat tableView_heightForRowAtIndexPath(UITableView*, const NSIndexPath&) override { return 76; }
+    CGFloat tableView_heightForRowAtIndexPath(UITableView*, const NSIndexPath&) override { return 64; }
 
     Ref<UITableViewCell> tableView_cellForRowAtIndexPath(UITableView*, const NSIndexPath& path) override {
         const AccessoryRow& row = kAccessoryRows[path.row()];
@@ -43,7 +43,7 @@ public:
         auto cell = reusedCell(row.title);
         cell->zrTextLabel()->setText(row.title);
         cell->zrDetailTextLabel()->setText(row.detail);
-        cell->zrDetailTextLabel()->setFrame(CGRectMake(0, 0, 0, 40));
+        cell->zrDetailTextLabel()->setFrame(CGRectMake(0, 0, 0, 24));
         addBlocks(cell, path.row());
         cell->setZrAccessoryType(row.type);
         dressAccessory(cell);
@@ -211,7 +211,7 @@ private:
         "Touched beside its switch, it shows the touch as other rows do.",
         "Any view can stand at the right; it keeps its size.",
         "It begins at the left edge, not where the title does.",
-        "The labels are the application’s to change.",
+        "The labels are the application’s to change, and so is every other view of a row.",
     };
 
     static Ref<UIView> makeBadge(const NSString& text) {

@@ -128,6 +128,12 @@ TEST(ListPages, EveryAccessoryTellsWhatWasDoneWithIt) {
     EXPECT_EQ(page.told(6), "checked");
 }
 
+TEST(ListPages, AllAccessoriesAreOnTheScreenAtOnce) {
+    ListPage page("list-accessories");
+    const UITableView* table = page.table();
+    EXPECT_LE(CGRectGetMaxY(page.row(7)->frame()), CGRectGetMaxY(table->bounds()));
+}
+
 TEST(ListPages, TheLoadingIconTurns) {
     ListPage page("list-accessories");
     const CALayer* icon = page.row(3)->zrAccessoryView()->layer();
