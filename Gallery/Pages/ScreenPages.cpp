@@ -107,35 +107,69 @@ void buildSwipePage(PageView& page) {
 
 const Page& stackPage();
 
-Ref<PageScreen> anotherScreen() { return make<PageScreen>(&PageScreen::initWithPage, stackPage()); }
+/// A screen of the page that was opened from another one.
+class FurtherScreen : public PageScreen {
+public:
+    /// `number`: how many screens there are, down to the page's first one.
+    virtual bool initWithNumber(int number) {
+        m_number = number;
+        return initWithPage(stackPage());
+    }
+    int number() const { return m_number; }
+
+private:
+    int m_number = 0;
+};
+
+int numberOf(PageView& page) {
+    const auto* further = dynamic_cast<FurtherScreen*>(page.screen());
+    return further ? further->number() : 1;
+}
+
+Ref<PageScreen> nextScreen(PageView& page) {
+    return make<FurtherScreen>(&FurtherScreen::initWithNumber, numberOf(page) + 1);
+}
+
+/// Without it one screen would look like the other.
+void addNumber(PageView& page) {
+    const auto band = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, page.contentWidth(), 60));
+    const auto hue = static_cast<std::size_t>(numberOf(page)) % std::size(Look::kHues);
+    band->setBackgroundColor(Look::barColor(Look::kHues[hue]));
+    band->setOpaque(false);
+    band->layer()->setCornerRadius(Look::kCornerRadius);
+    const auto label = Look::label(NSString::stringWithFormat("Screen %d", numberOf(page)),
+                                   UIFont::boldSystemFontOfSize(24), UIColor::whiteColor(), 1, NSTextAlignmentCenter);
+    label->setFrame(band->bounds());
+    band->addSubview(label);
+    page.addView(band);
+}
 
 void present(PageView& page, UIViewController* controller) {
     page.screen()->presentViewController_animated_completion(controller, true, nullptr);
 }
 
 void buildStackPage(PageView& page) {
+    addNumber(page);
     page.addButton("Push another", [&page] {
         if (UINavigationController* navigation = page.screen()->navigationController())
-            navigation->pushViewController_animated(anotherScreen(), true);
+            navigation->pushViewController_animated(nextScreen(page), true);
     });
     page.addButton("Present a stack", [&page] {
         present(page,
-                make<UINavigationController>(&UINavigationController::initWithRootViewController, anotherScreen()));
+                make<UINavigationController>(&UINavigationController::initWithRootViewController, nextScreen(page)));
     });
-    page.addButton("Present a screen without a bar", [&page] { present(page, anotherScreen()); });
+    page.addButton("Present a screen without a bar", [&page] { present(page, nextScreen(page)); });
     page.addButton("Back", [&page] { page.screen()->popViewControllerWithAnimated(true); });
+    page.addText(
+        "A finger from the left edge carries a pushed screen away. The first screen of a presented stack leads "
+        "back by dismissing it.");
 }
 
 const Page& stackPage() {
-    static const Page page = {
-        "screen-stack",
-        "Stack",
-        kFamily,
-        "Pushed, popped and presented",
-        "icon_stack.png",
-        "A pushed screen comes in from the right, and a finger from the left edge can carry it away again; a "
-        "presented one comes from below. The first screen of a presented stack leads back by dismissing it.",
-        buildStackPage};
+    static const Page page = {"screen-stack",   "Stack",
+                              kFamily,          "Pushed, popped and presented",
+                              "icon_stack.png", "Screens are pushed, popped and presented.",
+                              buildStackPage};
     return page;
 }
 

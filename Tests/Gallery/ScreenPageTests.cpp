@@ -193,6 +193,7 @@ TEST(ScreenPages, ScreensArePushedAndPopped) {
     EXPECT_EQ(barCount(screen), 1u);
     for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(screen.shows("Push another"));
+        EXPECT_TRUE(screen.shows("Screen " + std::to_string(3 - i)));
         screen.tapBack();
         screen.host.advance(0.5);
     }
