@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # commands_test.sh ROOT GALLERY: every ./zr command and option, every page of the gallery, every link and every picture
-# that a document names exists.
+# that a document names exists, and every picture is shown by one of them.
 set -euo pipefail
 root=$1
 gallery=$2
@@ -65,4 +65,8 @@ done < <(awk '/^```/ { code = !code }
     !code { for (rest = $0; match(rest, /\]\([^)]*\)/); rest = substr(rest, RSTART + RLENGTH))
                 print FILENAME ":" FNR ":" substr(rest, RSTART, RLENGTH) }' "${documents[@]}")
 ((links)) || complain "no document has a link"
+
+for picture in Docs/Images/*; do
+    grep -qF -- "Images/${picture##*/})" "${documents[@]}" || complain "no document shows $picture"
+done
 exit "$failed"

@@ -21,7 +21,7 @@ diff -r "$work/first" "$work/second" || fail "a second run draws other pictures"
 
 for script in "$docs"/Scripts/*.txt; do
     name=$(basename "$script" .txt)
-    [[ -s $work/first/$name.png ]] || fail "$script draws no $name.png"
+    [[ -s $work/first/$name.png || -s $work/first/$name.webp ]] || fail "$script draws no $name.png and no $name.webp"
 done
 diff <(ls "$work/first") <(ls "$docs/Images") ||
     fail "Docs/Images has other pictures than the scripts draw"
