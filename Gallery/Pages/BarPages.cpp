@@ -7,7 +7,7 @@ namespace zr::gallery {
 namespace {
 
 constexpr const char* kFamily = "NAVIGATION BAR";
-constexpr const char* kLongTitle = "A title that is far too long for the room between the buttons of a bar";
+constexpr const char* kLongTitle = "A title that is too long for half of the bar";
 
 ZRTNavigationBar* barOf(PageView& page) { return page.screen()->tNavigationBar(); }
 
