@@ -387,7 +387,10 @@ CGRect UITextField::caretRect() const {
     const CGFloat scale = contentScaleFactor() > 0 ? contentScaleFactor() : 1;
     const auto onPixel = [scale](CGFloat value) { return std::round(value * scale) / scale; };
     const CGFloat furthest = std::max(rect.origin.x, CGRectGetMaxX(rect) - TextFieldCaret::kWidth);
-    const CGFloat x = std::clamp(origin.x + line.caretX(m_model->caret()), rect.origin.x, furthest);
+    // Half of it on each side of the place between two letters, or it would hide the stem of the one after it.
+    constexpr CGFloat half = TextFieldCaret::kWidth / 2;
+    const CGFloat nearest = std::max<CGFloat>(rect.origin.x - half, 0);
+    const CGFloat x = std::clamp(origin.x + line.caretX(m_model->caret()) - half, nearest, furthest);
     return CGRectMake(onPixel(x), onPixel(origin.y), TextFieldCaret::kWidth,
                       onPixel(line.layout->caretRect(0).size.height));
 }
