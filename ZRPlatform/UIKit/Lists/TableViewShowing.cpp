@@ -84,10 +84,13 @@ void UITableView::placeAnew() {
 }
 
 void UITableView::placeEdges() {
-    for (const auto& header : m_views->headers)
-        header.view->setFrame(rectOf(edgeExtent(Edge::Header, header.section)));
-    for (const auto& footer : m_views->footers)
-        footer.view->setFrame(rectOf(edgeExtent(Edge::Footer, footer.section)));
+    const auto place = [this](Edge edge, const TableViews::Edges& edges) {
+        for (const auto& each : edges)
+            if (each.view)
+                each.view->setFrame(rectOf(edgeExtent(edge, each.section)));
+    };
+    place(Edge::Header, m_views->headers);
+    place(Edge::Footer, m_views->footers);
 }
 
 // Rows
@@ -222,10 +225,12 @@ bool UITableView::showEdges(Edge edge) {
     });
     for (const auto& each : leaving)
         retireEdge(edge, each.view, each.section);
+    if (!leaving.empty())
+        m_views->forgetLost();
     for (const NSInteger section : sections) {
         if (m_generation != generation)
             return false;
-        if (!TableViews::edgeAt(edges, section) && !showWithoutAnimation([&] { return showEdge(edge, section); }))
+        if (!TableViews::hasEdge(edges, section) && !showWithoutAnimation([&] { return showEdge(edge, section); }))
             return false;
     }
     placeEdges();
@@ -237,6 +242,7 @@ bool UITableView::showEdge(Edge edge, NSInteger section) {
     const unsigned generation = m_generation;
     const Ref<UIView> view = askForEdgeView(edge, section);
     endDeparture(view);
+    takeFromItsSection(view);
     if (m_generation != generation) {
         recycle(view);
         return false;
@@ -290,8 +296,26 @@ void UITableView::takeOut(Edge edge, const Ref<UIView>& view, NSInteger section)
 }
 
 void UITableView::retireEdge(Edge edge, const Ref<UIView>& view, NSInteger section) {
+    if (!view)
+        return;
     takeOut(edge, view, section);
     recycle(view);
+}
+
+/// A delegate that gives one view for two sections: the view leaves the one that it was given for first.
+void UITableView::takeFromItsSection(const Ref<UIView>& view) {
+    for (const Edge edge : {Edge::Header, Edge::Footer}) {
+        TableViews::Edges& edges = edge == Edge::Header ? m_views->headers : m_views->footers;
+        const auto former =
+            std::find_if(edges.begin(), edges.end(), [&](const auto& each) { return view && each.view == view; });
+        if (former == edges.end())
+            continue;
+        NSLog("the delegate of a table view gives the view of section %td for another one too; showing it there only",
+              former->section);
+        former->view = nullptr;
+        takeOut(edge, view, former->section);
+        return;
+    }
 }
 
 // All of them
@@ -361,8 +385,10 @@ void UITableView::willRemoveSubview(UIView* view) {
     const auto isView = [view](const auto& each) { return each.view.get() == view; };
     const auto missed = std::erase_if(m_views->rows, [view](const auto& row) { return row.cell.get() == view; }) +
                         std::erase_if(m_views->headers, isView) + std::erase_if(m_views->footers, isView);
-    if (missed > 0)
-        setNeedsLayout();
+    if (missed == 0)
+        return;
+    m_views->forgetLost();
+    setNeedsLayout();
 }
 
 } // namespace zr

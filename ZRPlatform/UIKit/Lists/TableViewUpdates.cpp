@@ -125,12 +125,16 @@ void UITableView::Update::sortOutRows() {
 
 void UITableView::Update::sortOutEdges(Edge edge) {
     const TableViews::Edges all = std::exchange(edges(edge), {});
+    bool isAnyDeparting = false;
     for (const auto& each : all) {
         const auto now = m_changes.newSection(each.section);
         if (now && !m_changes.isReloaded(each.section)) {
             edges(edge).push_back({*now, each.view});
             continue;
         }
+        if (!each.view)
+            continue;
+        isAnyDeparting = true;
         m_views.departing.push_back({each.view, m_group, [table = &m_table, edge, each] {
                                          each.view->setAlpha(1);
                                          table->takeOut(edge, each.view, each.section);
@@ -139,6 +143,8 @@ void UITableView::Update::sortOutEdges(Edge edge) {
     }
     std::sort(edges(edge).begin(), edges(edge).end(),
               [](const TableViews::Edge& a, const TableViews::Edge& b) { return a.section < b.section; });
+    if (isAnyDeparting)
+        m_views.forgetLost();
 }
 
 /// The table knows the cell no more, and keeps it until its animation is over. The departing ones are the table's.
@@ -214,7 +220,7 @@ void UITableView::Update::fadeEdges(Edge edge, const TableViews::Edges& known) {
     for (const auto& each : edges(edge)) {
         const bool isKnown = std::any_of(known.begin(), known.end(),
                                          [&](const TableViews::Edge& other) { return other.view == each.view; });
-        if (isKnown)
+        if (isKnown || !each.view)
             continue;
         UIView::performWithoutAnimation([&] { each.view->setAlpha(0); });
         each.view->setAlpha(1);

@@ -56,6 +56,8 @@ enum UITableViewCellSeparatorStyle : NSInteger {
 ///   `reloadData`; and so does a count found to have changed without a word when a row of that section comes into
 ///   sight. A data source that never says the same twice is believed the last time.
 /// - A row for which the data source gives no cell, or one that shows another row, gets an empty one.
+/// - A view that the delegate gives for the headers or footers of several sections is shown at the one that asked last,
+///   and only there.
 /// - A height that is negative or not finite is the table's own, or 0 where it is that of a table header or footer
 ///   view. One above a million points is a million. Rows, headers and footers of sections are 0 below half a point;
 ///   rows without height have no cells.
@@ -350,6 +352,7 @@ private:
     void retireEdge(Edge edge, const Ref<UIView>& view, NSInteger section);
     void retireAll();
     void endDeparture(const UIView* view);
+    void takeFromItsSection(const Ref<UIView>& view);
     /// Those that an animated change has let go of; all of them with group 0.
     void retireDeparting(unsigned group);
     NSInteger indexOfCells() const;

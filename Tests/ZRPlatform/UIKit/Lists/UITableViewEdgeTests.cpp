@@ -50,6 +50,33 @@ private:
 };
 
 using EdgedTable = TableOnScreen<EdgeList>;
+
+/// Gives one view for the headers of all sections, and nothing or the same for the footers.
+class SharingList : public EdgeList {
+public:
+    Ref<UIView> tableView_viewForHeaderInSection(UITableView*, NSInteger section) override {
+        return headers[section] = shared;
+    }
+    Ref<UIView> tableView_viewForFooterInSection(UITableView*, NSInteger section) override {
+        return footers[section] = isFooterToo ? shared : nullptr;
+    }
+
+    Ref<UIView> shared = make<UIView>();
+    bool isFooterToo = false;
+};
+
+class SharedTable : public TableOnScreen<SharingList> {
+protected:
+    void expectOnlyAt(NSInteger section) const {
+        for (NSInteger each = 0; each < static_cast<NSInteger>(list->sections.size()); ++each)
+            EXPECT_EQ(table->headerViewForSection(each), each == section ? list->shared.get() : nullptr) << each;
+        EXPECT_EQ(list->shared->superview(), table.get());
+        EXPECT_EQ(std::ranges::count(table->subviews(), list->shared), 1);
+    }
+
+    LogLines log;
+};
+
 using Table = TableOnScreen<>;
 
 class CountedView : public UITableViewHeaderFooterView {
@@ -208,6 +235,74 @@ TEST_F(Table, AViewOnShowDoesNotWaitToBeUsedAgain) {
     table->endUpdates();
     EXPECT_EQ(keeping->header->superview(), table.get());
     EXPECT_EQ(table->dequeueReusableHeaderFooterViewWithIdentifier("kept"), nullptr);
+}
+
+// One view for two sections
+
+TEST_F(SharedTable, AViewOfTwoSectionsIsShownAtTheOneThatAskedLast) {
+    list->sections = {{1, 2}, {3, 4}, {5, 6}};
+    showTable();
+    EXPECT_EQ(list->news(), (News{"+header 0", "-header 0", "+header 1", "-header 1", "+header 2"}));
+    EXPECT_EQ(log.lines.size(), 2u);
+    expectOnlyAt(2);
+    EXPECT_EQ(list->shared->frame(), CGRectMake(0, 236, 320, 20));
+
+    table->setNeedsLayout();
+    host.advance(0);
+    EXPECT_EQ(list->news(), News{}) << "and stays there";
+    EXPECT_EQ(list->shared->frame(), CGRectMake(0, 236, 320, 20));
+}
+
+TEST_F(SharedTable, AViewThatLeavesOneSectionGoesToAnother) {
+    list->sections = {NumberList::numbers(10), NumberList::numbers(10), NumberList::numbers(10)};
+    showTable();
+    expectOnlyAt(1);
+    table->setFrame(CGRectMake(0, 0, 320, 200));
+    host.advance(0);
+    expectOnlyAt(0);
+    scrollTo(380);
+    expectOnlyAt(1);
+    scrollTo(600);
+    expectOnlyAt(1);
+    scrollTo(100);
+    expectOnlyAt(0);
+    list->shared->removeFromSuperview();
+    host.advance(0);
+    expectOnlyAt(0);
+}
+
+TEST_F(SharedTable, AChangeOfOneOfItsSectionsLosesNoView) {
+    list->sections = {{1, 2}, {3, 4}, {5, 6}};
+    showTable();
+    for (const auto animation : {kFade, UITableViewRowAnimationNone}) {
+        table->reloadSections_withRowAnimation({0}, animation);
+        host.advance(1);
+        expectOnlyAt(0);
+        EXPECT_EQ(list->shared->alpha(), 1);
+        table->reloadSections_withRowAnimation({2}, animation);
+        host.advance(1);
+        expectOnlyAt(2);
+    }
+    list->sections.pop_back();
+    table->deleteSections_withRowAnimation({2}, kFade);
+    host.advance(1);
+    expectOnlyAt(1);
+    EXPECT_EQ(list->shared->alpha(), 1);
+    table->reloadData();
+    host.advance(0);
+    expectOnlyAt(1);
+}
+
+TEST_F(SharedTable, AHeaderThatIsAFooterTooIsShownAsTheFooter) {
+    list->isFooterToo = true;
+    list->sections = {{1, 2}, {3, 4}};
+    showTable();
+    EXPECT_EQ(list->news(),
+              (News{"+header 0", "-header 0", "+header 1", "-header 1", "+footer 0", "-footer 0", "+footer 1"}));
+    EXPECT_EQ(table->headerViewForSection(1), nullptr);
+    EXPECT_EQ(table->footerViewForSection(0), nullptr);
+    EXPECT_EQ(table->footerViewForSection(1), list->shared.get());
+    EXPECT_EQ(list->shared->frame(), CGRectMake(0, 226, 320, 10));
 }
 
 // The table's own

@@ -16,6 +16,7 @@ struct TableViews {
     };
     struct Edge {
         NSInteger section;
+        /// Nil when another section has it, whose delegate gives one view for both.
         Ref<UIView> view;
     };
     struct Departing {
@@ -55,9 +56,17 @@ struct TableViews {
         return std::lower_bound(edges.begin(), edges.end(), section,
                                 [](const Edge& edge, NSInteger other) { return edge.section < other; });
     }
-    static UIView* edgeAt(Edges& edges, NSInteger section) {
+    static bool hasEdge(Edges& edges, NSInteger section) {
         const auto found = edgesFrom(edges, section);
-        return found != edges.end() && found->section == section ? found->view.get() : nullptr;
+        return found != edges.end() && found->section == section;
+    }
+    static UIView* edgeAt(Edges& edges, NSInteger section) {
+        return hasEdge(edges, section) ? edgesFrom(edges, section)->view.get() : nullptr;
+    }
+    /// A view that leaves its section may be shown by those that have lost it: these are to ask again.
+    void forgetLost() {
+        for (Edges* edges : {&headers, &footers})
+            std::erase_if(*edges, [](const Edge& edge) { return !edge.view; });
     }
     /// Of the table's own header and footer. 0 for nil.
     static CGFloat heightOf(const UIView* view) { return view ? boundedHeight(view->bounds().size.height) : 0; }
