@@ -14,6 +14,9 @@ namespace {
 constexpr NSInteger kMostSections = 1'000'000;
 constexpr NSInteger kMostRows = 100'000'000;
 
+/// A data source that asks for another load in each one is believed the last time.
+constexpr int kMostLoadsInARow = 3;
+
 /// What a grouped section's header or footer has on top of its plain height.
 constexpr CGFloat kGroupedTitle = 20;
 constexpr CGFloat kAboveFirstGroup = 17;
@@ -41,16 +44,22 @@ Ref<UITableView> UITableView::loadIfNeeded() {
 }
 
 void UITableView::reloadData() {
-    if (!m_isLoading)
+    if (m_isLoading || m_isCounting)
+        m_needsReload = true; // what has been answered may be from before
+    else
         load();
 }
 
 void UITableView::load() {
     const Ref<UITableView> keep = this;
+    SectionGeometry geometry;
     m_isLoading = true;
-    m_needsLoad = false; // unless whoever is asked gives the table another list
-    SectionGeometry geometry = askForGeometry(askForCounts());
-    m_isLoading = false;
+    m_needsReload = true;
+    for (int i = 0; m_needsReload && i < kMostLoadsInARow; ++i) {
+        m_needsLoad = m_needsReload = false; // unless whoever is asked gives the table another list
+        geometry = askForGeometry(askForCounts());
+    }
+    m_isLoading = m_needsReload = false;
     m_countDoubt = CountDoubt::None;
     ++m_generation;
     *m_geometry = std::move(geometry);
@@ -176,21 +185,25 @@ bool UITableView::countStillHolds(NSInteger section) {
         return true;
     const auto source = askedSource();
     const unsigned generation = m_generation;
+    NSString problem;
+    m_isCounting = true;
     const NSInteger sections = source ? source->numberOfSectionsInTableView(this) : 0;
-    if (m_generation != generation)
-        return false;
-    if (sections != m_geometry->numberOfSections())
-        return isToBeShownInSpiteOf(NSString::stringWithFormat("there were %td sections and now there are %td",
-                                                               m_geometry->numberOfSections(), sections));
-    const NSInteger rows = source->tableView_numberOfRowsInSection(this, section);
-    if (m_generation != generation)
-        return false;
-    return rows == m_geometry->numberOfRows(section) ||
-           isToBeShownInSpiteOf(NSString::stringWithFormat("section %td had %td rows and now has %td", section,
-                                                           m_geometry->numberOfRows(section), rows));
+    if (m_generation == generation && sections != m_geometry->numberOfSections()) {
+        problem = NSString::stringWithFormat("there were %td sections and now there are %td",
+                                             m_geometry->numberOfSections(), sections);
+    } else if (m_generation == generation) {
+        const NSInteger rows = source->tableView_numberOfRowsInSection(this, section);
+        if (m_generation == generation && rows != m_geometry->numberOfRows(section))
+            problem = NSString::stringWithFormat("section %td had %td rows and now has %td", section,
+                                                 m_geometry->numberOfRows(section), rows);
+    }
+    m_isCounting = false;
+    const bool isToReload = std::exchange(m_needsReload, false);
+    return m_generation == generation && ((!isToReload && problem.isNil()) || isToBeShownInSpiteOf(problem));
 }
 
 /// A list that has changed is loaded anew; one that has changed again before it was ever shown would be so without end.
+/// The problem is nil for one whose data source has asked for that.
 bool UITableView::isToBeShownInSpiteOf(const NSString& problem) {
     if (m_countDoubt != CountDoubt::None) {
         m_countDoubt = CountDoubt::Unsteady;
@@ -202,7 +215,8 @@ bool UITableView::isToBeShownInSpiteOf(const NSString& problem) {
 }
 
 void UITableView::reloadBecause(const NSString& problem) {
-    NSLog("a table view's list is not what it was told: %s; loading it anew", problem.UTF8String());
+    if (!problem.isNil())
+        NSLog("a table view's list is not what it was told: %s; loading it anew", problem.UTF8String());
     reloadData();
 }
 

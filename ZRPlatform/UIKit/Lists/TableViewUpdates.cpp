@@ -274,10 +274,11 @@ void UITableView::apply(RowChanges& changes) {
     const NSString problem = changes.settle(counts(), after);
     SectionGeometry geometry = problem.isNil() ? askForGeometry(after) : SectionGeometry();
     m_isLoading = false;
+    const bool isToReload = std::exchange(m_needsReload, false);
     if (m_generation != generation)
         return;
-    if (!problem.isNil()) {
-        reloadBecause(problem);
+    if (isToReload || !problem.isNil()) {
+        reloadBecause(isToReload ? NSString() : problem);
         return;
     }
     if (m_selection->losesTouch(changes))

@@ -88,6 +88,8 @@ public:
     /// @name Content
     /// @{
     /// Asks for all counts and heights, now; cells are made anew at the next layout. Nothing is selected afterwards.
+    /// Called by whoever is being asked, it has the table ask again as soon as it has been answered, though not more
+    /// than twice in a row.
     virtual void reloadData();
     /// How many sections the table knows of.
     NSInteger numberOfSections();
@@ -402,6 +404,10 @@ private:
     unsigned m_generation = 0;
     bool m_needsLoad = true;
     bool m_isLoading = false;
+    /// While it is seen whether a count is still as it was.
+    bool m_isCounting = false;
+    /// Whoever is being asked has asked for that.
+    bool m_needsReload = false;
     bool m_isShowing = false;
     /// The list was longer than a table can be.
     bool m_isCut = false;
