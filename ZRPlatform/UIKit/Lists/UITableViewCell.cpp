@@ -270,6 +270,13 @@ void UITableViewCell::showSelection(bool animated) {
     });
 }
 
+/// Cells that share the view of their selection take it from one another.
+void UITableViewCell::willRemoveSubview(UIView* view) {
+    UIView::willRemoveSubview(view);
+    if (view == m_shownSelection.get())
+        m_shownSelection = nullptr;
+}
+
 void UITableViewCell::fadeSelection() {
     const Ref<UIView> fading = m_shownSelection;
     if (!fading)

@@ -89,7 +89,7 @@ public:
     UIView* backgroundView() const { return m_backgroundView; }
     virtual void setBackgroundView(UIView* view);
     /// In front of the background while the cell is selected or highlighted; nil for a grey one. Not shown with
-    /// selection style none.
+    /// selection style none. Cells may share one: it is in the cell that shows it last.
     UIView* selectedBackgroundView() const { return m_selectedBackgroundView; }
     virtual void setSelectedBackgroundView(UIView* view);
     /// @}
@@ -141,6 +141,7 @@ public:
     /// @}
 
     void layoutSubviews() override;
+    void willRemoveSubview(UIView* view) override;
     /// True: the keyboard stops at rows.
     bool canBecomeFocused() const override { return true; }
 

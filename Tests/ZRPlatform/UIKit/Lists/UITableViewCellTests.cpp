@@ -193,6 +193,32 @@ TEST_F(Cell, ItsOwnBackgroundsAreShown) {
     EXPECT_EQ(selected->frame(), CGRectMake(0, 0, 200, 80));
 }
 
+TEST_F(Cell, CellsMayShareTheViewOfTheirSelection) {
+    const auto first = show(UITableViewCellStyleDefault), second = show(UITableViewCellStyleDefault);
+    second->setFrame(CGRectMake(0, 44, 320, 44));
+    const auto shared = make<UIView>();
+    shared->setBackgroundColor(UIColor::redColor());
+    first->setSelectedBackgroundView(shared);
+    second->setSelectedBackgroundView(shared);
+    const auto expectShown = [&](FramePixel atFirst, FramePixel atSecond) {
+        EXPECT_EQ(host.pixel({200, 22}), atFirst);
+        EXPECT_EQ(host.pixel({200, 66}), atSecond);
+    };
+    first->setSelected(true);
+    expectShown(kRedOnScreen, kWhiteOnScreen);
+    second->setHighlighted(true);
+    expectShown(kWhiteOnScreen, kRedOnScreen);
+    first->setSelected(false);
+    second->setSelected(true);
+    second->setHighlighted(false);
+    expectShown(kWhiteOnScreen, kRedOnScreen);
+    first->setSelected(true);
+    expectShown(kRedOnScreen, kWhiteOnScreen);
+    second->setSelectedBackgroundView(nullptr);
+    expectShown(kRedOnScreen, {217, 217, 217});
+    EXPECT_EQ(first->selectedBackgroundView(), shared.get());
+}
+
 TEST_F(Cell, AnAnimatedDeselectionFades) {
     const auto cell = show(UITableViewCellStyleDefault);
     cell->setSelected(true);
