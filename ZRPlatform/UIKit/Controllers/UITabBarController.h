@@ -71,6 +71,9 @@ protected:
     const KeyTable& keyTable() const override;
 
 private:
+    /// Which may take another item.
+    friend class UIViewController;
+
     void showSelected();
     void showSelectedNow();
     void showItems();

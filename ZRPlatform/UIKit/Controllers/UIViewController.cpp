@@ -149,7 +149,12 @@ UITabBarItem* UIViewController::tabBarItem() {
     return m_tabBarItem;
 }
 
-void UIViewController::setTabBarItem(UITabBarItem* item) { m_tabBarItem = item; }
+void UIViewController::setTabBarItem(UITabBarItem* item) {
+    m_tabBarItem = item;
+    auto* tabs = dynamic_cast<UITabBarController*>(m_parent);
+    if (tabs && tabs->m_bar)
+        tabs->showItems();
+}
 
 // Look-ups
 

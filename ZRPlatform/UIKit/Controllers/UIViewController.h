@@ -114,7 +114,8 @@ public:
     virtual void setTitle(const NSString& title);
     /// What a navigation bar shows of the screen; made on first use, with the title.
     virtual UINavigationItem* navigationItem();
-    /// The screen's tab; made on first use, with the title. Nil brings a new one.
+    /// The screen's tab; made on first use, with the title. Another one shows at once in the tab bar that the screen is
+    /// in; nil brings a new one.
     UITabBarItem* tabBarItem();
     virtual void setTabBarItem(UITabBarItem* item);
     /// @}

@@ -1,4 +1,5 @@
 #include <Tests/ZRPlatform/UIKit/Controllers/NavigationTesting.h>
+#include <Tests/ZRPlatform/UIKit/Images/ImageTesting.h>
 
 namespace zr::tests {
 
@@ -181,6 +182,57 @@ TEST_F(TabBar, ItShowsTitlesAndPictures) {
     EXPECT_EQ(host.pixel({100, 621}), (FramePixel{247, 247, 247}));
     tabs->tabBar()->setBarTintColor(UIColor::blueColor());
     EXPECT_EQ(host.pixel({100, 621}), (FramePixel{0, 0, 255}));
+}
+
+TEST_F(TabBar, ASelectedTabMayShowAnotherPicture) {
+    const auto plain = plainImage(20, 20, kRed)->imageWithRenderingMode(UIImageRenderingModeAlwaysOriginal);
+    const auto selected = plainImage(20, 20, kGreen)->imageWithRenderingMode(UIImageRenderingModeAlwaysOriginal);
+    for (const auto& screen : {b, c})
+        screen->setTabBarItem(
+            make<UITabBarItem>(&UITabBarItem::initWithTitle_image_selectedImage, "Tab", plain, selected));
+    tabs->setViewControllers({b, c});
+    show(tabs);
+    const CGPoint first{94, 635}, second{281, 635};
+    EXPECT_EQ(host.pixel(first), (FramePixel{0, 255, 0}));
+    EXPECT_EQ(host.pixel(second), (FramePixel{255, 0, 0}));
+    tapTab(1, 2);
+    EXPECT_EQ(host.pixel(first), (FramePixel{255, 0, 0}));
+    EXPECT_EQ(host.pixel(second), (FramePixel{0, 255, 0}));
+    c->tabBarItem()->setSelectedImage(
+        plainImage(20, 20, kBlue)->imageWithRenderingMode(UIImageRenderingModeAlwaysOriginal));
+    EXPECT_EQ(host.pixel(second), (FramePixel{0, 0, 255}));
+    c->tabBarItem()->setSelectedImage(nullptr);
+    EXPECT_EQ(host.pixel(second), (FramePixel{255, 0, 0})) << "the other one";
+}
+
+TEST_F(TabBar, AnotherItemOfAScreenShowsAtOnce) {
+    tabs->setViewControllers({b, c});
+    show(tabs);
+    const auto item = make<UITabBarItem>(&UITabBarItem::initWithTitle_image_tag, "Other", nullptr, 0);
+    c->setTabBarItem(item);
+    EXPECT_EQ(tabs->tabBar()->items(), (std::vector<Ref<UITabBarItem>>{b->tabBarItem(), item}));
+    EXPECT_EQ(tabs->tabBar()->selectedItem(), b->tabBarItem());
+    host.advance(0);
+    tapTab(1, 2);
+    EXPECT_EQ(tabs->selectedViewController(), c);
+    c->setTabBarItem(nullptr);
+    EXPECT_NE(c->tabBarItem(), item);
+    EXPECT_EQ(tabs->tabBar()->selectedItem(), c->tabBarItem());
+    host.advance(0);
+    tapTab(0, 2);
+    EXPECT_EQ(tabs->selectedViewController(), b);
+}
+
+TEST_F(TabBar, TheSelectionIsAKey) {
+    tabs->setViewControllers({b, c});
+    show(tabs);
+    tabs->setValue_forKey(1, "selectedIndex");
+    EXPECT_EQ(tabs->selectedViewController(), c);
+    EXPECT_EQ(c->view()->window(), window);
+    tabs->setValue_forKey(b, "selectedViewController");
+    EXPECT_EQ(tabs->valueForKey("selectedIndex").integerValue(), 0);
+    EXPECT_EQ(tabs->valueForKey("selectedViewController").objectValue(), b.get());
+    EXPECT_EQ(tabs->delegate(), nullptr);
 }
 
 TEST_F(TabBar, ItsItemsAreItsOwn) {
