@@ -132,7 +132,8 @@ void UITextField::setRightViewMode(UITextFieldViewMode mode) {
 void UITextField::replaceSideView(Ref<UIView>& field, UIView* view) {
     if (field == view)
         return;
-    if (field)
+    // It may show elsewhere by now.
+    if (field && field->superview() == this)
         field->removeFromSuperview();
     field = view;
     if (view)
@@ -164,7 +165,15 @@ const KeyTable& UITextField::keyTable() const {
             key<&UITextField::textColor, &UITextField::setTextColor>("textColor"),
             key<&UITextField::textAlignment, &UITextField::setTextAlignment>("textAlignment"),
             key<&UITextField::borderStyle, &UITextField::setBorderStyle>("borderStyle"),
+            key<&UITextField::adjustsFontSizeToFitWidth, &UITextField::setAdjustsFontSizeToFitWidth>(
+                "adjustsFontSizeToFitWidth"),
+            key<&UITextField::minimumFontSize, &UITextField::setMinimumFontSize>("minimumFontSize"),
             key<&UITextField::clearButtonMode, &UITextField::setClearButtonMode>("clearButtonMode"),
+            key<&UITextField::leftView, &UITextField::setLeftView>("leftView"),
+            key<&UITextField::leftViewMode, &UITextField::setLeftViewMode>("leftViewMode"),
+            key<&UITextField::rightView, &UITextField::setRightView>("rightView"),
+            key<&UITextField::rightViewMode, &UITextField::setRightViewMode>("rightViewMode"),
+            key<&UITextField::clearsOnBeginEditing, &UITextField::setClearsOnBeginEditing>("clearsOnBeginEditing"),
             key<&UITextField::isSecureTextEntry, &UITextField::setSecureTextEntry>("secureTextEntry"),
             key<&UITextField::isEditing>("editing"),
         });

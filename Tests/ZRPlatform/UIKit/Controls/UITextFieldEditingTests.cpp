@@ -171,6 +171,27 @@ TEST_F(UITextFieldEditing, ADoubleTapSelectsAWordAndATripleTapEverything) {
     EXPECT_EQ(field->selectedRange(), NSMakeRange(0, 8));
 }
 
+TEST_F(UITextFieldEditing, ADragAfterADoubleTapSelectsWholeWords) {
+    editQuietly("HHH HHH HHH");
+    const auto startOn = [this](int letter) {
+        host.advance(1);
+        host.tap(above(letter));
+        host.touchDown(above(letter));
+    };
+    startOn(5);
+    EXPECT_EQ(field->selectedRange(), NSMakeRange(4, 3));
+    host.touchMove(above(9));
+    EXPECT_EQ(field->selectedRange(), NSMakeRange(4, 7));
+    host.touchMove(above(1));
+    EXPECT_EQ(field->selectedRange(), NSMakeRange(0, 7)) << "the word it began with stays";
+    host.touchMove(above(5));
+    EXPECT_EQ(field->selectedRange(), NSMakeRange(4, 3));
+    host.touchCancel();
+    host.touchMove(above(9));
+    EXPECT_EQ(field->selectedRange(), NSMakeRange(4, 3));
+    EXPECT_TRUE(field->isEditing());
+}
+
 TEST_F(UITextFieldEditing, ADoubleTapTellsNothingAboutTheWordsOfASecret) {
     field->setSecureTextEntry(true);
     editQuietly("my secret");
