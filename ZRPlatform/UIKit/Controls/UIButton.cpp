@@ -1,9 +1,9 @@
 #include <ZRPlatform/UIKit/Controls/UIButton.h>
 
-#include <ZRPlatform/UIKit/Text/TextEngine.h>
-
+#include <ZRPlatform/Foundation/NSKeyValueCoding.h>
 #include <ZRPlatform/UIKit/Application/UIScreen.h>
 #include <ZRPlatform/UIKit/Images/UIGraphics.h>
+#include <ZRPlatform/UIKit/Text/TextEngine.h>
 #include <ZRPlatform/UIKit/Views/UIImageView.h>
 #include <ZRPlatform/UIKit/Views/UILabel.h>
 
@@ -99,6 +99,22 @@ bool UIButton::initWithFrame(CGRect frame) {
         return false;
     setOpaque(false);
     return true;
+}
+
+const KeyTable& UIButton::keyTable() const {
+    static const KeyTable table(
+        UIControl::keyTable(),
+        {key<&UIButton::buttonType>("buttonType"), key<&UIButton::currentTitle>("currentTitle"),
+         key<&UIButton::currentTitleColor>("currentTitleColor"),
+         key<&UIButton::currentTitleShadowColor>("currentTitleShadowColor"),
+         key<&UIButton::currentImage>("currentImage"), key<&UIButton::currentBackgroundImage>("currentBackgroundImage"),
+         key<&UIButton::adjustsImageWhenHighlighted, &UIButton::setAdjustsImageWhenHighlighted>(
+             "adjustsImageWhenHighlighted"),
+         key<&UIButton::adjustsImageWhenDisabled, &UIButton::setAdjustsImageWhenDisabled>("adjustsImageWhenDisabled"),
+         key<&UIButton::contentEdgeInsets, &UIButton::setContentEdgeInsets>("contentEdgeInsets"),
+         key<&UIButton::titleEdgeInsets, &UIButton::setTitleEdgeInsets>("titleEdgeInsets"),
+         key<&UIButton::imageEdgeInsets, &UIButton::setImageEdgeInsets>("imageEdgeInsets")});
+    return table;
 }
 
 void UIButton::becomeType(UIButtonType type) {

@@ -126,6 +126,7 @@ public:
     void tintColorDidChange() override;
 
 protected:
+    const KeyTable& keyTable() const override;
     void stateChanged() override;
 
 private:

@@ -178,6 +178,12 @@ const KeyTable& UILabel::keyTable() const {
             key<&UILabel::highlightedTextColor, &UILabel::setHighlightedTextColor>("highlightedTextColor"),
             key<&UILabel::shadowColor, &UILabel::setShadowColor>("shadowColor"),
             key<&UILabel::shadowOffset, &UILabel::setShadowOffset>("shadowOffset"),
+            key<&UILabel::adjustsFontSizeToFitWidth, &UILabel::setAdjustsFontSizeToFitWidth>(
+                "adjustsFontSizeToFitWidth"),
+            key<&UILabel::minimumScaleFactor, &UILabel::setMinimumScaleFactor>("minimumScaleFactor"),
+            key<&UILabel::minimumFontSize, &UILabel::setMinimumFontSize>("minimumFontSize"),
+            key<&UILabel::baselineAdjustment, &UILabel::setBaselineAdjustment>("baselineAdjustment"),
+            key<&UILabel::preferredMaxLayoutWidth, &UILabel::setPreferredMaxLayoutWidth>("preferredMaxLayoutWidth"),
         });
     return table;
 }

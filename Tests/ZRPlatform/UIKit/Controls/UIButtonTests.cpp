@@ -204,6 +204,82 @@ TEST_F(Button, InsetsMoveWhatTheyBelongTo) {
     EXPECT_EQ(button->imageRectForContentRect(bounds), CGRectMake(0, 15, 10, 10));
 }
 
+TEST_F(Button, InsetsOfTheTitleMoveItAlone) {
+    auto button = placeButton({{0, 0}, {200, 60}});
+    button->setTitle_forState("Title", kNormal);
+    button->setImage_forState(plainImage(20, 20, kRed), kNormal);
+    host.advance(0);
+    const CGRect title = button->titleLabel()->frame(), image = button->imageView()->frame();
+    button->setTitleEdgeInsets({10, 20, 0, -20});
+    host.advance(0);
+    EXPECT_EQ(button->titleEdgeInsets(), (UIEdgeInsets{10, 20, 0, -20}));
+    EXPECT_EQ(button->titleLabel()->frame(), CGRectOffset(title, 20, 5));
+    EXPECT_EQ(button->imageView()->frame(), image);
+    button->setTitleEdgeInsets({0, 150, 0, 0});
+    EXPECT_EQ(button->titleRectForContentRect({{0, 0}, {200, 60}}).size.width, 30) << "the room that is left";
+}
+
+TEST_F(Button, ATitleMayFillItsRoom) {
+    auto button = placeButton({{0, 0}, {200, 60}});
+    button->setTitle_forState("Title", kNormal);
+    button->setImage_forState(plainImage(20, 20, kRed), kNormal);
+    button->setContentHorizontalAlignment(UIControlContentHorizontalAlignmentFill);
+    button->setContentVerticalAlignment(UIControlContentVerticalAlignmentFill);
+    host.advance(0);
+    EXPECT_EQ(button->imageView()->frame(), CGRectMake(0, 0, 20, 60));
+    EXPECT_EQ(button->titleLabel()->frame(), CGRectMake(20, 0, 180, 60));
+}
+
+TEST_F(Button, ATitleMayHaveSeveralLines) {
+    auto button = placeButton({{0, 0}, {60, 80}});
+    button->setTitle_forState("Two words", kNormal);
+    host.advance(0);
+    const CGFloat line = button->titleLabel()->frame().size.height;
+    button->titleLabel()->setNumberOfLines(2);
+    host.advance(0);
+    EXPECT_NEAR(button->titleLabel()->frame().size.height, 2 * line, 1);
+    EXPECT_NEAR(CGRectGetMidY(button->titleLabel()->frame()), 40, 0.25);
+}
+
+TEST_F(Button, ATitlesShadowBelongsToAState) {
+    auto button = placeButton({{0, 0}, {200, 60}});
+    button->setTitle_forState("Title", kNormal);
+    button->setTitleShadowColor_forState(UIColor::redColor(), kNormal);
+    button->setTitleShadowColor_forState(UIColor::blueColor(), kHighlighted);
+    EXPECT_EQ(button->titleShadowColorForState(kSelected), UIColor::redColor());
+    EXPECT_EQ(button->titleLabel()->shadowColor(), UIColor::redColor());
+    host.touchDown({100, 30});
+    EXPECT_EQ(button->currentTitleShadowColor(), UIColor::blueColor());
+    EXPECT_EQ(button->titleLabel()->shadowColor(), UIColor::blueColor());
+    host.touchUp();
+    EXPECT_EQ(button->titleLabel()->shadowColor(), UIColor::redColor());
+}
+
+TEST_F(Button, ItsPropertiesAreKeys) {
+    auto button = UIButton::buttonWithType(UIButtonTypeSystem);
+    const UIEdgeInsets content{1, 2, 3, 4}, image{5, 6, 7, 8}, title{9, 10, 11, 12};
+    button->setTitle_forState("Normal", kNormal);
+    button->setTitle_forState("Selected", kSelected);
+    button->setValue_forKey(NSValue::valueWithStructure(content), "contentEdgeInsets");
+    button->setValue_forKey(NSValue::valueWithStructure(image), "imageEdgeInsets");
+    button->setValue_forKey(NSValue::valueWithStructure(title), "titleEdgeInsets");
+    button->setValue_forKey(false, "adjustsImageWhenHighlighted");
+    button->setValue_forKey(false, "adjustsImageWhenDisabled");
+    EXPECT_EQ(button->contentEdgeInsets(), content);
+    EXPECT_EQ(button->imageEdgeInsets(), image);
+    EXPECT_EQ(button->titleEdgeInsets(), title);
+    EXPECT_FALSE(button->adjustsImageWhenHighlighted());
+    EXPECT_FALSE(button->adjustsImageWhenDisabled());
+    EXPECT_EQ(button->valueForKey("buttonType").integerValue(), UIButtonTypeSystem);
+    EXPECT_EQ(*button->valueForKey("titleEdgeInsets").structure<UIEdgeInsets>(), title);
+    EXPECT_EQ(button->valueForKey("currentTitle").stringValue(), "Normal");
+    button->setValue_forKey(true, "selected");
+    EXPECT_EQ(button->valueForKey("currentTitle").stringValue(), "Selected");
+    button->setValue_forKey(false, "enabled");
+    EXPECT_FALSE(button->isEnabled());
+    EXPECT_EQ(button->valueForKey("state").integerValue(), NSInteger(kSelected | kDisabled));
+}
+
 TEST_F(Button, FitsItsContent) {
     auto button = UIButton::buttonWithType(UIButtonTypeCustom);
     button->setTitle_forState("Title", kNormal);

@@ -190,6 +190,42 @@ TEST(UILabel, TheTextIsAnObservableKey) {
     EXPECT_TRUE(made->respondsToSelector("setTextColor:"));
 }
 
+TEST(UILabel, ItsPropertiesAreKeys) {
+    const auto made = label("text");
+    made->setValue_forKey(UIFont::boldSystemFontOfSize(20), "font");
+    made->setValue_forKey(UIColor::redColor(), "textColor");
+    made->setValue_forKey(UIColor::greenColor(), "highlightedTextColor");
+    made->setValue_forKey(UIColor::blueColor(), "shadowColor");
+    made->setValue_forKey(NSValue::valueWithStructure(CGSizeMake(2, 3)), "shadowOffset");
+    made->setValue_forKey(NSTextAlignmentCenter, "textAlignment");
+    made->setValue_forKey(NSLineBreakByClipping, "lineBreakMode");
+    made->setValue_forKey(3, "numberOfLines");
+    made->setValue_forKey(false, "enabled");
+    made->setValue_forKey(true, "highlighted");
+    made->setValue_forKey(true, "adjustsFontSizeToFitWidth");
+    made->setValue_forKey(0.5, "minimumScaleFactor");
+    made->setValue_forKey(9, "minimumFontSize");
+    made->setValue_forKey(UIBaselineAdjustmentNone, "baselineAdjustment");
+    made->setValue_forKey(70, "preferredMaxLayoutWidth");
+    EXPECT_TRUE(made->font()->isEqual(UIFont::boldSystemFontOfSize(20)));
+    EXPECT_EQ(made->textColor(), UIColor::redColor());
+    EXPECT_EQ(made->highlightedTextColor(), UIColor::greenColor());
+    EXPECT_EQ(made->shadowColor(), UIColor::blueColor());
+    EXPECT_EQ(made->shadowOffset(), CGSizeMake(2, 3));
+    EXPECT_EQ(made->textAlignment(), NSTextAlignmentCenter);
+    EXPECT_EQ(made->lineBreakMode(), NSLineBreakByClipping);
+    EXPECT_EQ(made->numberOfLines(), 3);
+    EXPECT_FALSE(made->isEnabled());
+    EXPECT_TRUE(made->isHighlighted());
+    EXPECT_TRUE(made->adjustsFontSizeToFitWidth());
+    EXPECT_EQ(made->minimumScaleFactor(), 0.5);
+    EXPECT_EQ(made->minimumFontSize(), 9);
+    EXPECT_EQ(made->baselineAdjustment(), UIBaselineAdjustmentNone);
+    EXPECT_EQ(made->preferredMaxLayoutWidth(), 70);
+    EXPECT_EQ(*made->valueForKey("shadowOffset").structure<CGSize>(), CGSizeMake(2, 3));
+    EXPECT_EQ(made->valueForKey("numberOfLines").integerValue(), 3);
+}
+
 class UILabelOnScreen : public OnScreen {};
 
 TEST_F(UILabelOnScreen, AnEqualTextIsNotDrawnAgain) {
