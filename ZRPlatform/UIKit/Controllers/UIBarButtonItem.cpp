@@ -68,7 +68,7 @@ void UIBarButtonItem::tapped(NSObject*, UIEvent* event) {
     UIApplication* application = UIApplication::sharedApplication();
     if (!application || (m_hasTarget && !target))
         return;
-    if (target || !m_button) {
+    if (target) {
         application->sendAction_to_from_forEvent(m_action, target, this, event);
         return;
     }

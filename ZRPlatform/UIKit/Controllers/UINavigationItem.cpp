@@ -51,6 +51,7 @@ const KeyTable& UINavigationItem::keyTable() const {
         {key<&UINavigationItem::title, &UINavigationItem::setTitle>("title"),
          key<&UINavigationItem::titleView, &UINavigationItem::setTitleView>("titleView"),
          key<&UINavigationItem::hidesBackButton, &UINavigationItem::setHidesBackButton>("hidesBackButton"),
+         key<&UINavigationItem::backBarButtonItem, &UINavigationItem::setBackBarButtonItem>("backBarButtonItem"),
          key<&UINavigationItem::leftBarButtonItem, &UINavigationItem::setLeftBarButtonItem>("leftBarButtonItem"),
          key<&UINavigationItem::rightBarButtonItem, &UINavigationItem::setRightBarButtonItem>("rightBarButtonItem")});
     return table;
