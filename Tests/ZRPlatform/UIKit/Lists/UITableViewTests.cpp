@@ -360,6 +360,46 @@ TEST_F(Table, RegisteredClassesAndWaitingCells) {
         EXPECT_EQ(table->dequeueReusableCellWithIdentifier_forIndexPath("other", nowhere)->frame(), own);
 }
 
+TEST_F(Table, WithoutARegisteredClassACellIsPlain) {
+    list->fill(3);
+    showTable();
+    const LogLines log;
+    EXPECT_EQ(table->dequeueReusableCellWithIdentifier("unknown"), nullptr);
+    EXPECT_TRUE(log.lines.empty());
+    const auto cell = table->dequeueReusableCellWithIdentifier_forIndexPath("unknown", rowPath(0, 2));
+    ASSERT_NE(cell, nullptr);
+    EXPECT_EQ(cell->reuseIdentifier(), "unknown");
+    EXPECT_EQ(cell->frame(), CGRectMake(0, 88, 320, 44));
+    ASSERT_EQ(log.lines.size(), 1u);
+    EXPECT_NE(log.lines[0].find("\"unknown\""), std::string::npos);
+    EXPECT_EQ(table->dequeueReusableCellWithIdentifier_forIndexPath("unknown", rowPath(0, 3))->frame().origin,
+              CGPointZero);
+}
+
+TEST_F(Table, ItsPropertiesAreKeys) {
+    list->fill(30);
+    showTable();
+    const auto header = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, 320, 50)), behind = make<UIView>();
+    table->setValue_forKey(60, "rowHeight");
+    table->setValue_forKey(header, "tableHeaderView");
+    table->setValue_forKey(behind, "backgroundView");
+    table->setValue_forKey(false, "allowsSelection");
+    table->setValue_forKey(true, "allowsMultipleSelection");
+    table->setValue_forKey(UITableViewCellSeparatorStyleNone, "separatorStyle");
+    table->setValue_forKey(true, "editing");
+    host.advance(0);
+    EXPECT_EQ(table->rectForRowAtIndexPath(rowPath(0, 1)), CGRectMake(0, 110, 320, 60));
+    EXPECT_EQ(header->superview(), table.get());
+    EXPECT_EQ(table->backgroundView(), behind.get());
+    EXPECT_FALSE(table->allowsSelection());
+    EXPECT_TRUE(table->allowsMultipleSelection());
+    EXPECT_EQ(table->separatorStyle(), UITableViewCellSeparatorStyleNone);
+    EXPECT_TRUE(table->isEditing());
+    EXPECT_TRUE(cellAt(0)->isEditing());
+    EXPECT_EQ(table->valueForKey("rowHeight").doubleValue(), 60);
+    EXPECT_EQ(table->valueForKey("tableHeaderView").objectValue(), header.get());
+}
+
 TEST_F(Table, TellsWhatComesIntoSightAndWhatHasLeft) {
     class Watching : public NumberList {
     public:

@@ -16,13 +16,7 @@ class ReuseQueue {
 public:
     using Maker = std::function<Ref<View>(const NSString& identifier)>;
 
-    /// An empty maker takes the registration back.
-    void registerMaker(const NSString& identifier, Maker maker) {
-        if (maker)
-            m_makers[identifier] = std::move(maker);
-        else
-            m_makers.erase(identifier);
-    }
+    void registerMaker(const NSString& identifier, Maker maker) { m_makers[identifier] = std::move(maker); }
 
     /// A view without an identifier is not kept.
     void put(const Ref<View>& view) {
