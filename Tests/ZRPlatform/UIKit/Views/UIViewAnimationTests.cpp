@@ -158,6 +158,68 @@ TEST_F(UIViewAnimationTest, DelayHoldsTheStart) {
     EXPECT_EQ(completions, std::vector<bool>{true});
 }
 
+TEST_F(UIViewAnimationTest, ADelayOfTheOldFormHoldsTheStart) {
+    UIView::beginAnimations_context(nullptr, nullptr);
+    UIView::setAnimationDuration(1);
+    UIView::setAnimationCurve(UIViewAnimationCurveLinear);
+    UIView::setAnimationDelay(0.5);
+    view->setCenter({150, 50});
+    UIView::commitAnimations();
+    EXPECT_EQ(view->center().x, 150);
+    host.advance(0.5);
+    EXPECT_NEAR(seen().position.x, 50, 1e-9);
+    host.advance(0.25);
+    EXPECT_NEAR(seen().position.x, 75, 1e-9);
+    host.advance(0.75);
+    EXPECT_EQ(seen().position.x, 150);
+}
+
+TEST_F(UIViewAnimationTest, RepeatsAndComesBackAsOftenAsTold) {
+    const auto listener = make<StopListener>();
+    UIView::beginAnimations_context("swing", nullptr);
+    UIView::setAnimationDuration(1);
+    UIView::setAnimationCurve(UIViewAnimationCurveLinear);
+    UIView::setAnimationRepeatCount(1.5f);
+    UIView::setAnimationRepeatAutoreverses(true);
+    UIView::setAnimationDelegate(listener);
+    UIView::setAnimationDidStopSelector(selector<&StopListener::stopped>);
+    view->setCenter({150, 50});
+    UIView::commitAnimations();
+    const auto expectAfter = [this](NSTimeInterval seconds, CGFloat x) {
+        host.advance(seconds);
+        EXPECT_NEAR(seen().position.x, x, 1e-6);
+    };
+    expectAfter(0.75, 125);
+    expectAfter(0.5, 125); // on its way back
+    expectAfter(0.5, 75);
+    expectAfter(0.5, 75); // there again
+    EXPECT_EQ(listener->count, 0);
+    expectAfter(0.75, 150);
+    EXPECT_EQ(listener->count, 1);
+    EXPECT_TRUE(listener->lastFinished);
+}
+
+TEST_F(UIViewAnimationTest, CurvesBeginAndEndAsTold) {
+    const auto seenAfterAQuarter = [this](UIViewAnimationCurve curve) {
+        view->setCenter({50, 50});
+        UIView::beginAnimations_context(nullptr, nullptr);
+        UIView::setAnimationDuration(1);
+        UIView::setAnimationCurve(curve);
+        view->setCenter({150, 50});
+        UIView::commitAnimations();
+        host.advance(0.25);
+        const CGFloat x = seen().position.x;
+        host.advance(1);
+        return x;
+    };
+    const CGFloat linear = seenAfterAQuarter(UIViewAnimationCurveLinear);
+    EXPECT_NEAR(linear, 75, 1e-9);
+    EXPECT_LT(seenAfterAQuarter(UIViewAnimationCurveEaseIn), linear);
+    EXPECT_LT(seenAfterAQuarter(UIViewAnimationCurveEaseInOut), linear);
+    EXPECT_GT(seenAfterAQuarter(UIViewAnimationCurveEaseOut), linear);
+    EXPECT_NE(seenAfterAQuarter(UIViewAnimationCurveEaseIn), seenAfterAQuarter(UIViewAnimationCurveEaseInOut));
+}
+
 TEST_F(UIViewAnimationTest, RepeatingForEverNeverCompletes) {
     UIView::animateWithDuration_delay_options_animations_completion(
         1, 0, UIViewAnimationOptionRepeat | UIViewAnimationOptionAutoreverse | UIViewAnimationOptionCurveLinear,
@@ -225,6 +287,20 @@ TEST_F(UIViewAnimationTest, WithoutAnimationNothingIsAnimated) {
     UIView::animateWithDuration_animations(1, [this] { UIView::performWithoutAnimation(fadeTo(0.5)); });
     EXPECT_FALSE(view->layer()->hasAnimations());
     EXPECT_TRUE(UIView::areAnimationsEnabled());
+}
+
+TEST_F(UIViewAnimationTest, SwitchedOffChangesAreAtOnceAndStillComplete) {
+    UIView::setAnimationsEnabled(false);
+    EXPECT_FALSE(UIView::areAnimationsEnabled());
+    UIView::animateWithDuration_animations_completion(1, fadeTo(0), completion());
+    EXPECT_FLOAT_EQ(seen().opacity, 0);
+    UIView::performWithoutAnimation([] {});
+    EXPECT_FALSE(UIView::areAnimationsEnabled());
+    host.advance(0);
+    EXPECT_EQ(completions, std::vector<bool>{true});
+    UIView::setAnimationsEnabled(true);
+    UIView::animateWithDuration_animations(1, fadeTo(1));
+    EXPECT_FLOAT_EQ(seen().opacity, 0);
 }
 
 TEST_F(UIViewAnimationTest, AViewThatGoesCompletesUnfinished) {

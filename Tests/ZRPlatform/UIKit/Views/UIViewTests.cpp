@@ -292,6 +292,8 @@ TEST_F(UIViewTest, PointsConvertThroughTransforms) {
     parent->setTransform(CGAffineTransformMakeScale(2, 2));
     EXPECT_EQ(view->convertPoint_toView({1, 2}, window), CGPointMake(72, 74));
     EXPECT_EQ(view->convertRect_toView(CGRectMake(0, 0, 10, 10), window), CGRectMake(70, 70, 20, 20));
+    EXPECT_EQ(view->convertRect_fromView(CGRectMake(70, 70, 20, 20), window), CGRectMake(0, 0, 10, 10));
+    EXPECT_EQ(view->convertRect_fromView(CGRectMake(70, 70, 20, 40), nullptr), CGRectMake(0, 0, 10, 20));
     parent->setTransform(CGAffineTransformMakeRotation(std::numbers::pi / 2));
     const CGRect turned = view->convertRect_toView(CGRectMake(0, 0, 10, 5), window);
     EXPECT_NEAR(turned.origin.x, 185, 1e-9);
