@@ -101,7 +101,7 @@ void UITextField::drawText(CGContextRef context) const {
 void UITextField::drawPlaceholder(CGContextRef context) const {
     const CGRect rect = placeholderRectForBounds(bounds());
     const CGFloat height = m_font->lineHeight();
-    const CGFloat y = rect.origin.y + (rect.size.height - height) / 2;
+    const CGFloat y = topOfLine(height, rect);
     CGContextSetGrayFillColor(context, kPlaceholderGray, kPlaceholderAlpha);
     drawInRect_withFont_lineBreakMode_alignment(m_placeholder, CGRectMake(rect.origin.x, y, rect.size.width, height),
                                                 m_font, NSLineBreakByTruncatingTail, m_textAlignment);

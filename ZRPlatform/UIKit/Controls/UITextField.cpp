@@ -153,6 +153,11 @@ void UITextField::setHidden(bool hidden) {
     updateCaret();
 }
 
+void UITextField::setContentVerticalAlignment(UIControlContentVerticalAlignment alignment) {
+    UIControl::setContentVerticalAlignment(alignment);
+    lookChanged();
+}
+
 void UITextField::tintColorDidChange() { lookChanged(); }
 
 const KeyTable& UITextField::keyTable() const {
@@ -353,16 +358,22 @@ TextFieldContent UITextField::content() const {
     return {m_model->text(), m_secureTextEntry, fittingFont(), visibleTextRect().size.width, !m_editing};
 }
 
+CGFloat UITextField::topOfLine(CGFloat height, CGRect rect) const {
+    const CGFloat space = rect.size.height - height;
+    switch (contentVerticalAlignment()) {
+    case UIControlContentVerticalAlignmentTop:
+        return rect.origin.y;
+    case UIControlContentVerticalAlignmentBottom:
+        return rect.origin.y + space;
+    default:
+        return rect.origin.y + space / 2;
+    }
+}
+
 CGPoint UITextField::textOrigin(const TextFieldContent& content) const {
     const CGRect rect = visibleTextRect();
-    const CGSize size{content.size().width, content.layout->caretRect(0).size.height};
-    const CGFloat spaceBelow = rect.size.height - size.height;
-    CGPoint origin = rect.origin;
-    if (contentVerticalAlignment() == UIControlContentVerticalAlignmentBottom)
-        origin.y += spaceBelow;
-    else if (contentVerticalAlignment() != UIControlContentVerticalAlignmentTop)
-        origin.y += spaceBelow / 2;
-    const CGFloat space = rect.size.width - (m_editing ? TextFieldCaret::kWidth : 0) - size.width;
+    CGPoint origin{rect.origin.x, topOfLine(content.layout->caretRect(0).size.height, rect)};
+    const CGFloat space = rect.size.width - (m_editing ? TextFieldCaret::kWidth : 0) - content.size().width;
     if (space < 0) {
         origin.x -= m_scrollOffset;
         return origin;

@@ -205,6 +205,7 @@ public:
     bool accessibilityPerformEscape() override;
     void setEnabled(bool enabled) override;
     void setHidden(bool hidden) override;
+    void setContentVerticalAlignment(UIControlContentVerticalAlignment alignment) override;
     void tintColorDidChange() override;
     void firstResponderWasTaken() override;
     void didMoveToWindow() override;
@@ -248,6 +249,8 @@ private:
     Ref<UIFont> fittingFont() const;
     TextFieldContent content() const;
     CGPoint textOrigin(const TextFieldContent& content) const;
+    /// Of a line in the rectangle, as the content alignment says.
+    CGFloat topOfLine(CGFloat height, CGRect rect) const;
     CGRect caretRect() const;
     void drawBorder(CGContextRef context) const;
     void drawText(CGContextRef context) const;

@@ -2,6 +2,8 @@
 
 #include <Tests/ZRPlatform/UIKit/Controls/TextFieldTesting.h>
 
+#include <ZRPlatform/UIKit/Controls/UIButton.h>
+
 #include <cmath>
 
 namespace zr {
@@ -84,6 +86,24 @@ TEST_F(UITextFieldParts, ARightViewEndsTheText) {
     EXPECT_FALSE(view->isHidden());
     EXPECT_EQ(field->rightView(), view.get());
     EXPECT_EQ(field->rightViewMode(), UITextFieldViewModeWhileEditing);
+}
+
+TEST_F(UITextFieldParts, AButtonBesideTheTextKeepsItsTouches) {
+    const auto button = UIButton::buttonWithType(UIButtonTypeCustom);
+    button->setFrame(CGRectMake(0, 0, 24, 20));
+    const auto listener = make<Listener>();
+    listener->listenTo(button);
+    field->setRightView(button);
+    field->setRightViewMode(UITextFieldViewModeAlways);
+    host.advance(0);
+    host.tap({198, 25});
+    EXPECT_EQ(listener->news(), (News{"down", "up inside"}));
+    EXPECT_FALSE(field->isEditing());
+    field->setRightViewMode(UITextFieldViewModeNever);
+    host.advance(0);
+    host.tap({198, 25});
+    EXPECT_EQ(listener->news(), News{});
+    EXPECT_TRUE(field->isEditing());
 }
 
 TEST_F(UITextFieldParts, AViewThatTakesTheWholeFieldLeavesNoText) {
@@ -212,6 +232,26 @@ TEST_F(UITextFieldParts, TextStandsAtTheTopInTheMiddleOrAtTheBottom) {
     EXPECT_EQ(field->caretRectOnScreen().origin.y, 12);
     field->setContentVerticalAlignment(UIControlContentVerticalAlignmentBottom);
     EXPECT_NEAR(field->caretRectOnScreen().origin.y + height, 68, 0.5);
+}
+
+TEST_F(UITextFieldParts, WhatIsShownStandsWhereItIsTold) {
+    field->setFrame(CGRectMake(10, 10, 200, 80));
+    const CGRect upper{{12, 12}, {196, 38}}, lower{{12, 50}, {196, 38}};
+    const auto inkIn = [this](CGRect half) { return 4 * 196 * 38 - pixelsOf(kWhiteOnScreen, half); };
+    field->setPlaceholder("HHH");
+    for (const char* text : {"", "HHH"}) {
+        field->setText(text);
+        field->setContentVerticalAlignment(UIControlContentVerticalAlignmentCenter);
+        const int top = inkIn(upper), bottom = inkIn(lower);
+        EXPECT_GT(top, 0);
+        EXPECT_GT(bottom, 0);
+        field->setContentVerticalAlignment(UIControlContentVerticalAlignmentTop);
+        EXPECT_NEAR(inkIn(upper), top + bottom, 40) << "a row of pixels may be mixed otherwise";
+        EXPECT_EQ(inkIn(lower), 0);
+        field->setContentVerticalAlignment(UIControlContentVerticalAlignmentBottom);
+        EXPECT_EQ(inkIn(upper), 0);
+        EXPECT_GT(inkIn(lower), 0);
+    }
 }
 
 // Keys
