@@ -228,6 +228,7 @@ void UINavigationController::put(UIViewController* screen) {
     if (!screen)
         return;
     view();
+    screen->loadViewIfNeeded(); // which may choose the edges
     ControllerAccess::putView(screen, m_content, 0, screenFrame(screen));
 }
 

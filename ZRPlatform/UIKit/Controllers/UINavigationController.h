@@ -132,6 +132,7 @@ private:
     void finishOwnTransition();
     void flushMoves(const std::vector<Ref<UIViewController>>& entering,
                     const std::vector<Ref<UIViewController>>& leaving);
+    void placeChildren() override { layOut(); }
     void layOut();
     CGRect barFrame() const;
     CGRect screenFrame(const UIViewController* controller) const;

@@ -124,8 +124,10 @@ void UITabBarController::showSelectedNow() {
         entering->beginAppearanceTransition_animated(true, false);
     if (former)
         former->beginAppearanceTransition_animated(false, false);
-    if (entering)
+    if (entering) {
+        entering->loadViewIfNeeded(); // which may choose the edges
         ControllerAccess::putView(entering, m_content, 0, screenFrame(entering));
+    }
     if (former) {
         ControllerAccess::takeView(former);
         ControllerAccess::endDisappearing(former);
@@ -194,6 +196,11 @@ CGRect UITabBarController::screenFrame(const UIViewController* controller) const
     if (!(controller->edgesForExtendedLayout() & UIRectEdgeBottom))
         frame.size.height = std::max<CGFloat>(0, frame.size.height - kBarHeight);
     return frame;
+}
+
+void UITabBarController::placeChildren() {
+    if (m_shown && m_shown->viewIfLoaded() && m_content)
+        m_shown->view()->setFrame(screenFrame(m_shown));
 }
 
 void UITabBarController::viewWillAppear(bool animated) {

@@ -74,6 +74,7 @@ private:
     /// Which may take another item.
     friend class UIViewController;
 
+    void placeChildren() override;
     void showSelected();
     void showSelectedNow();
     void showItems();

@@ -149,6 +149,12 @@ UITabBarItem* UIViewController::tabBarItem() {
     return m_tabBarItem;
 }
 
+void UIViewController::setEdgesForExtendedLayout(NSUInteger edges) {
+    m_edgesForExtendedLayout = edges;
+    if (m_parent)
+        m_parent->placeChildren();
+}
+
 void UIViewController::setTabBarItem(UITabBarItem* item) {
     m_tabBarItem = item;
     auto* tabs = dynamic_cast<UITabBarController*>(m_parent);

@@ -224,9 +224,10 @@ public:
 
     /// @name Layout in containers
     /// @{
-    /// The edges at which the view lies below the bars of a container; all at first. At the others it ends there.
+    /// The edges at which the view lies below the bars of a container; all at first. At the others it ends there. A
+    /// container that shows the view places it anew at once.
     NSUInteger edgesForExtendedLayout() const { return m_edgesForExtendedLayout; }
-    virtual void setEdgesForExtendedLayout(NSUInteger edges) { m_edgesForExtendedLayout = edges; }
+    virtual void setEdgesForExtendedLayout(NSUInteger edges);
     /// Stored; true at first.
     bool automaticallyAdjustsScrollViewInsets() const { return m_automaticallyAdjustsScrollViewInsets; }
     virtual void setAutomaticallyAdjustsScrollViewInsets(bool flag) { m_automaticallyAdjustsScrollViewInsets = flag; }
@@ -259,6 +260,8 @@ private:
     void viewWillMoveToWindow(UIWindow* window);
     void viewDidMoveToWindow();
     /// @}
+    /// A container's: a child has other wishes where its view is to be.
+    virtual void placeChildren() {}
     bool isToldByOthers() const;
     void letGoOfView();
     void handleMemoryWarning(NSNotification* notification);

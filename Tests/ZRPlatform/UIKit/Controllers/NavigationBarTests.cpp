@@ -40,6 +40,31 @@ TEST_F(NavigationBar, AScreenThatDoesNotExtendBelowItBeginsUnderIt) {
     EXPECT_EQ(a->view()->frame(), CGRectMake(0, 0, 375, 667));
 }
 
+TEST_F(NavigationBar, AScreenMayChooseItsEdgesAsItsViewIsLoaded) {
+    const CGRect below = CGRectMake(0, 64, 375, 603);
+    const auto root = makeScreen<CarefulScreen>("root"), pushed = makeScreen<CarefulScreen>("pushed");
+    navigation->view(); // loaded before anything shows
+    navigation->setViewControllers({root});
+    EXPECT_EQ(root->view()->frame(), below);
+    show(navigation);
+    EXPECT_EQ(root->view()->frame(), below);
+    pushAtOnce(pushed);
+    EXPECT_EQ(pushed->view()->frame(), below);
+}
+
+TEST_F(NavigationBar, OtherEdgesOfTheScreenThatShowsCountAtOnce) {
+    show(navigation);
+    a->setEdgesForExtendedLayout(UIRectEdgeNone);
+    EXPECT_EQ(a->view()->frame(), CGRectMake(0, 64, 375, 603));
+    a->setEdgesForExtendedLayout(UIRectEdgeTop);
+    EXPECT_EQ(a->view()->frame(), CGRectMake(0, 0, 375, 667));
+    navigation->pushViewController_animated(b, true);
+    host.advance(0.1);
+    b->setEdgesForExtendedLayout(UIRectEdgeNone);
+    host.advance(1);
+    EXPECT_EQ(b->view()->frame(), CGRectMake(0, 64, 375, 603)) << "also while it slides in";
+}
+
 TEST_F(NavigationBar, HidingItsViewChangesNoLayout) {
     a->setEdgesForExtendedLayout(UIRectEdgeNone);
     show(navigation);

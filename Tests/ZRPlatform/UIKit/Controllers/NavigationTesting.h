@@ -24,6 +24,15 @@ private:
     }
 };
 
+/// Does not extend below bars.
+class CarefulScreen : public Screen {
+public:
+    void viewDidLoad() override {
+        Screen::viewDidLoad();
+        setEdgesForExtendedLayout(UIRectEdgeNone);
+    }
+};
+
 /// A navigation controller in a window, with the screen A in it.
 class Navigation : public Controllers {
 protected:

@@ -57,6 +57,20 @@ TEST_F(TabBar, ItIsFortyNinePointsHighAtTheLowerEdge) {
     EXPECT_EQ(c->view()->frame(), CGRectMake(0, 0, 667, 326));
 }
 
+TEST_F(TabBar, AScreenMayChooseItsEdgesAsItsViewIsLoadedAndLater) {
+    const CGRect above = CGRectMake(0, 0, 375, 618);
+    const auto first = makeScreen<CarefulScreen>("first"), second = makeScreen<CarefulScreen>("second");
+    tabs->view(); // loaded before anything shows
+    tabs->setViewControllers({first, second});
+    EXPECT_EQ(first->view()->frame(), above);
+    show(tabs);
+    EXPECT_EQ(first->view()->frame(), above);
+    tapTab(1, 2);
+    EXPECT_EQ(second->view()->frame(), above);
+    second->setEdgesForExtendedLayout(UIRectEdgeBottom);
+    EXPECT_EQ(second->view()->frame(), CGRectMake(0, 0, 375, 667));
+}
+
 TEST_F(TabBar, TapsSelect) {
     tabs->setViewControllers({a, b, c});
     EXPECT_EQ(a->parentViewController(), navigation) << "it is another's";

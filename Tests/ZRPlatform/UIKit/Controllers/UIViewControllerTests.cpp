@@ -178,6 +178,10 @@ TEST_F(UIViewControllerTest, KeysReadAndWriteIt) {
     EXPECT_TRUE(screen->respondsToSelector("setTitle:"));
     EXPECT_TRUE(screen->valueForKey("parentViewController").isNil());
     EXPECT_EQ(screen->valueForKey("edgesForExtendedLayout").integerValue(), 15);
+    const auto other = make<UIView>();
+    screen->setValue_forKey(other, "view");
+    EXPECT_EQ(screen->view(), other.get());
+    EXPECT_EQ(other->nextResponder(), screen.get());
 }
 
 TEST_F(UIViewControllerTest, BothInitialisersMakeTheSameController) {
