@@ -158,6 +158,15 @@ TEST_F(ScrollDrags, WhatFitsDoesNotMoveUnlessItAlwaysBounces) {
     host.touchCancel();
     drag({150, 200}, {0, 60});
     EXPECT_FALSE(view->isDragging());
+    host.touchCancel();
+    host.advance(1);
+    view->setBounces(true);
+    view->setAlwaysBounceVertical(false);
+    view->setAlwaysBounceHorizontal(true);
+    drag({150, 200}, {60, 30});
+    EXPECT_TRUE(view->isDragging());
+    EXPECT_LT(view->contentOffset().x, 0);
+    EXPECT_EQ(view->contentOffset().y, 0);
 }
 
 TEST_F(ScrollDrags, OneWayOnlyItTakesDragsThatGoMoreThatWay) {

@@ -65,6 +65,13 @@ TEST_F(UIWindowTest, TheFormerKeyWindowIsKeyAgainWhenAnotherResigns) {
     EXPECT_TRUE(main->isKeyWindow());
     alert->resignKeyWindow();
     EXPECT_TRUE(main->isKeyWindow());
+    alert->becomeKeyWindow();
+    EXPECT_TRUE(alert->isKeyWindow());
+    EXPECT_FALSE(main->isKeyWindow());
+    const auto unseen = makeWindow(UIColor::greenColor());
+    unseen->becomeKeyWindow();
+    EXPECT_TRUE(unseen->isKeyWindow());
+    EXPECT_TRUE(unseen->isHidden());
 }
 
 TEST_F(UIWindowTest, AWindowWhoseLastReferenceGoesLeavesTheScreen) {
