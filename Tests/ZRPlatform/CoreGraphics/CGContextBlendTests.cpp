@@ -31,6 +31,28 @@ Pixel premultiplied(double red, double green, double blue, double alpha) {
 constexpr Color kBelow{0.8, 0.4, 0.2, 1};
 constexpr Color kAbove{0.3, 0.6, 0.9, 1};
 
+double luminosity(Color c) { return 0.3 * c.red + 0.59 * c.green + 0.11 * c.blue; }
+double least(Color c) { return std::min({c.red, c.green, c.blue}); }
+double saturation(Color c) { return std::max({c.red, c.green, c.blue}) - least(c); }
+
+Color mapped(Color c, auto map) { return {map(c.red), map(c.green), map(c.blue), c.alpha}; }
+
+/// Its least part 0, its greatest one `wanted`, the middle one in proportion.
+Color withSaturation(Color c, double wanted) {
+    return mapped(c, [low = least(c), range = saturation(c), wanted](double x) { return (x - low) * wanted / range; });
+}
+
+/// Lighter or darker by the same in all parts, and nearer to grey where one would leave its range.
+Color withLuminosity(Color c, double wanted) {
+    c = mapped(c, [by = wanted - luminosity(c)](double x) { return x + by; });
+    const double low = least(c), high = low + saturation(c);
+    if (low < 0)
+        c = mapped(c, [&](double x) { return wanted + (x - wanted) * wanted / (wanted - low); });
+    if (high > 1)
+        c = mapped(c, [&](double x) { return wanted + (x - wanted) * (1 - wanted) / (high - wanted); });
+    return c;
+}
+
 } // namespace
 
 TEST(CGBlendMode, OpaqueColoursFollowTheirFormulas) {
@@ -47,6 +69,10 @@ TEST(CGBlendMode, OpaqueColoursFollowTheirFormulas) {
     expect(kCGBlendModeScreen, screen);
     expect(kCGBlendModeOverlay, [&](double d, double s) { return hardLight(s, d); });
     expect(kCGBlendModeHardLight, hardLight);
+    expect(kCGBlendModeSoftLight, [](double d, double s) {
+        const double lit = d <= 0.25 ? ((16 * d - 12) * d + 4) * d : std::sqrt(d);
+        return s <= 0.5 ? d - (1 - 2 * s) * d * (1 - d) : d + (2 * s - 1) * (lit - d);
+    });
     expect(kCGBlendModeDarken, [](double d, double s) { return std::min(d, s); });
     expect(kCGBlendModeLighten, [](double d, double s) { return std::max(d, s); });
     expect(kCGBlendModeDifference, [](double d, double s) { return std::fabs(d - s); });
@@ -54,6 +80,16 @@ TEST(CGBlendMode, OpaqueColoursFollowTheirFormulas) {
     expect(kCGBlendModeColorDodge, [](double d, double s) { return std::min(1.0, d / (1 - s)); });
     expect(kCGBlendModeColorBurn, [](double d, double s) { return 1 - std::min(1.0, (1 - d) / s); });
     expect(kCGBlendModePlusLighter, [](double d, double s) { return std::min(1.0, d + s); });
+}
+
+TEST(CGBlendMode, HueSaturationAndLuminosityAreTakenFromOneOrTheOther) {
+    const auto expect = [](CGBlendMode mode, Color color) {
+        EXPECT_PIXEL_NEAR(blend(mode, kBelow, kAbove), premultiplied(color.red, color.green, color.blue, 1), 2) << mode;
+    };
+    expect(kCGBlendModeHue, withLuminosity(withSaturation(kAbove, saturation(kBelow)), luminosity(kBelow)));
+    expect(kCGBlendModeSaturation, withLuminosity(withSaturation(kBelow, saturation(kAbove)), luminosity(kBelow)));
+    expect(kCGBlendModeColor, withLuminosity(kAbove, luminosity(kBelow)));
+    expect(kCGBlendModeLuminosity, withLuminosity(kBelow, luminosity(kAbove)));
 }
 
 TEST(CGBlendMode, CompositionFollowsTheAlphas) {

@@ -155,6 +155,19 @@ TEST(CGContext, NestedRectanglesFillByWindingOrEvenOdd) {
     }
 }
 
+TEST(CGContext, FillingUsesThePathUp) {
+    for (void (*fill)(CGContextRef) : {CGContextFillPath, CGContextEOFillPath}) {
+        Canvas canvas(10, 10);
+        CGContextAddRect(canvas, CGRectMake(0, 0, 10, 10));
+        CGContextAddRect(canvas, CGRectMake(3, 3, 4, 4));
+        fill(canvas);
+        EXPECT_EQ(canvas.coverage(), fill == CGContextEOFillPath ? 84 : 100);
+        CGContextClearRect(canvas, CGRectMake(0, 0, 10, 10));
+        fill(canvas);
+        EXPECT_TRUE(canvas.isBlank());
+    }
+}
+
 TEST(CGContext, FillStrokeFillsThenStrokes) {
     Canvas canvas(10, 10);
     CGContextSetRGBFillColor(canvas, 1, 0, 0, 1);
@@ -346,4 +359,17 @@ TEST(CGContext, NilIsTolerated) {
     CGContextAddPath(canvas, nullptr);
     CGContextFillRect(canvas, CGRectMake(0, 0, 2, 2));
     EXPECT_EQ(canvas.at(0, 0), kBlack);
+}
+
+TEST(CGContext, LinesThroughPointsAreAPathOfTheirOwn) {
+    Canvas canvas(20, 20);
+    CGContextScaleCTM(canvas, 2, 2);
+    CGContextMoveToPoint(canvas, 9, 9);
+    const CGPoint corners[] = {{1, 1}, {5, 1}, {5, 3}, {1, 3}};
+    CGContextAddLines(canvas, corners, 4);
+    CGContextAddLines(canvas, corners, 0);
+    CGContextFillPath(canvas);
+    EXPECT_EQ(canvas.coverage(), 8 * 4) << "it begins at the first of them";
+    EXPECT_EQ(canvas.at(2, 17), kBlack);
+    EXPECT_EQ(canvas.at(9, 14), kBlack);
 }
