@@ -227,6 +227,22 @@ TEST_F(AnimationTest, KeyTimesPlaceTheValues) {
     EXPECT_FLOAT_EQ(opacity(), 0.75);
 }
 
+TEST_F(AnimationTest, KeyframesHaveATimingFunctionASegment) {
+    auto animation = CAKeyframeAnimation::animationWithKeyPath("position");
+    animation->setKeyPath("opacity");
+    animation->setValues({0.0, 1.0, 0.0});
+    // The second segment has none.
+    animation->setTimingFunctions({CAMediaTimingFunction::functionWithName(kCAMediaTimingFunctionEaseIn)});
+    animation->setDuration(2);
+    layer->addAnimation_forKey(animation, "a");
+    const double eased = CAMediaTimingFunction::functionWithName(kCAMediaTimingFunctionEaseIn)->valueAtTime(0.5);
+    ASSERT_LT(eased, 0.4);
+    advanceTo(0.5);
+    EXPECT_NEAR(opacity(), eased, 1e-6);
+    advanceTo(1.5);
+    EXPECT_NEAR(opacity(), 0.5, 1e-6);
+}
+
 TEST_F(AnimationTest, DiscreteKeyframesJump) {
     auto animation = CAKeyframeAnimation::animationWithKeyPath("opacity");
     animation->setValues({0.0, 0.5});
@@ -394,6 +410,28 @@ TEST(LayerValues, TransformPartsAreSetOneByOne) {
     EXPECT_NEAR(values.transform.m41, 7, 1e-9);
     EXPECT_NEAR(values.transform.m11, 2 * std::cos(0.5), 1e-9);
     EXPECT_NEAR(values.transform.m12, 2 * std::sin(0.5), 1e-9);
+}
+
+TEST(LayerValues, ATransformMayBeGivenAsAFlatOne) {
+    LayerValues values;
+    const auto turned = CGAffineTransformMakeRotation(1);
+    EXPECT_TRUE(setLayerValueForKeyPath(values, "transform", NSValue::valueWithStructure(turned)));
+    EXPECT_EQ(values.transform, CATransform3DMakeAffineTransform(turned));
+    EXPECT_FALSE(setLayerValueForKeyPath(values, "transform", 2.0));
+    const auto middle = interpolateValues(NSValue::valueWithStructure(CGAffineTransformMakeTranslation(10, 0)),
+                                          NSValue::valueWithStructure(CATransform3DMakeTranslation(20, 8, 0)), 0.5);
+    EXPECT_EQ(*middle.structure<CATransform3D>(), CATransform3DMakeTranslation(15, 4, 0));
+}
+
+TEST(LayerValues, WhatWasScaledToNothingCanGrowAgainWhereItIs) {
+    LayerValues values;
+    EXPECT_TRUE(setLayerValueForKeyPath(values, "transform.translation", NSValue::valueWithStructure(CGSize{5, 6})));
+    EXPECT_TRUE(setLayerValueForKeyPath(values, "transform.scale", 0.0));
+    EXPECT_EQ(layerValueForKeyPath(values, "transform.scale.y").doubleValue(), 0);
+    EXPECT_EQ(*layerValueForKeyPath(values, "transform.translation").structure<CGSize>(), CGSizeMake(5, 6));
+    EXPECT_TRUE(setLayerValueForKeyPath(values, "transform.scale", 2.0));
+    const auto expected = CATransform3DConcat(CATransform3DMakeScale(2, 2, 2), CATransform3DMakeTranslation(5, 6, 0));
+    EXPECT_EQ(values.transform, expected);
 }
 
 TEST(LayerValues, ColoursFadeThroughTheirComponents) {

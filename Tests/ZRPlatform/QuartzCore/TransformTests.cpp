@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <numbers>
 
 using namespace zr;
@@ -102,6 +103,19 @@ TEST(CATransform3D, HalfWayBetweenTwoRotationsIsHalfTheAngle) {
     const auto from = CATransform3DMakeRotation(0.2, 0, 0, 1);
     const auto to = CATransform3DMakeRotation(1.0, 0, 0, 1);
     expectNear(interpolateTransforms(from, to, 0.5), CATransform3DMakeRotation(0.6, 0, 0, 1));
+}
+
+TEST(CATransform3D, RotationsEitherWayAboutEveryAxisKeepTheirSense) {
+    for (const double angle : {-1.0, 1.0, -2.5, 2.5}) {
+        for (const auto& [x, y, z] : {std::array{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, -2, 3}}) {
+            const auto turned = CATransform3DMakeRotation(angle, x, y, z);
+            TransformParts parts;
+            ASSERT_TRUE(decomposeTransform(turned, parts));
+            expectNear(composeTransform(parts), turned);
+            expectNear(interpolateTransforms(CATransform3DIdentity, turned, 0.5),
+                       CATransform3DMakeRotation(angle / 2, x, y, z));
+        }
+    }
 }
 
 TEST(CATransform3D, ScalesInterpolateLinearly) {
