@@ -23,6 +23,9 @@ TEST_F(UITextFieldLook, StartsEmptyAndPlain) {
     EXPECT_EQ(plain->textRectForBounds(plain->bounds()), plain->bounds());
     plain->setText(nullptr);
     EXPECT_FALSE(plain->text().isNil());
+    EXPECT_FALSE(plain->hasText());
+    plain->setText("text");
+    EXPECT_TRUE(plain->hasText());
 }
 
 TEST_F(UITextFieldLook, ARoundedFieldIsAWhitePlateWithRoundCorners) {

@@ -280,8 +280,32 @@ TEST(TextLayout, WordsAreFoundAroundAnIndex) {
     EXPECT_EQ(layout->wordAtIndex(0), NSMakeRange(0, 5));
     EXPECT_EQ(layout->wordAtIndex(5), NSMakeRange(5, 1));
     EXPECT_EQ(layout->wordAtIndex(6), NSMakeRange(6, 2));
+    EXPECT_EQ(layout->wordAtIndex(7), NSMakeRange(6, 2));
     EXPECT_EQ(layout->wordAtIndex(9), NSMakeRange(8, 4));
     EXPECT_EQ(layout->wordAtIndex(99), NSMakeRange(13, 5));
+}
+
+TEST(TextLayout, AComposedEmojiIsFoundWholeFromEachOfItsParts) {
+    const Layout layout = layOut("a 👍🏽 b");
+    for (NSUInteger index = 2; index < 6; ++index)
+        EXPECT_EQ(layout->wordAtIndex(index), NSMakeRange(2, 4)) << index;
+}
+
+TEST(TextLayout, CaretsStandInTheLineOfTheirCharacter) {
+    const Layout paragraphs = layOut("ab\ncd");
+    ASSERT_EQ(paragraphs->lines().size(), 2u);
+    const CGFloat first = paragraphs->lines()[0].top(), second = paragraphs->lines()[1].top();
+    EXPECT_EQ(paragraphs->caretRect(0).origin, CGPointMake(0, first));
+    EXPECT_EQ(paragraphs->caretRect(2).origin.y, first);
+    EXPECT_NEAR(paragraphs->caretRect(2).origin.x, widthOf("ab"), 0.01);
+    EXPECT_EQ(paragraphs->caretRect(3).origin, CGPointMake(0, second));
+    EXPECT_NEAR(paragraphs->caretRect(4).origin.x, widthOf("c"), 0.01);
+    EXPECT_EQ(paragraphs->caretRect(99).origin.y, second);
+
+    const Layout wrapped = layOut("alpha beta gamma", widthOf("alpha beta") + 2);
+    ASSERT_EQ(wrapped->lines().size(), 2u);
+    EXPECT_EQ(wrapped->caretRect(10).origin.y, wrapped->lines()[0].top());
+    EXPECT_EQ(wrapped->caretRect(11).origin, CGPointMake(0, wrapped->lines()[1].top()));
 }
 
 TEST(TextLayout, ZeroBytesAndBrokenTextShowReplacementCharacters) {
