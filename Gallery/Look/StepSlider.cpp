@@ -56,12 +56,14 @@ void StepSlider::layoutSubviews() {
 void StepSlider::follow(const UITouch* touch) {
     const CGFloat way = bounds().size.width - kKnobSide;
     const CGFloat part = std::clamp<CGFloat>((touch->locationInView(this).x - kKnobSide / 2) / way, 0, 1);
-    const int step = static_cast<int>(std::lround(part * (m_stepCount - 1)));
-    if (step == m_step)
-        return;
+    moveTo(static_cast<int>(std::lround(part * (m_stepCount - 1))));
+}
+
+void StepSlider::moveTo(int step) {
+    const int before = m_step;
     setStep(step);
-    if (m_action)
-        m_action(step);
+    if (m_step != before && m_action)
+        m_action(m_step);
 }
 
 bool StepSlider::beginTrackingWithTouch_withEvent(UITouch* touch, UIEvent*) {
@@ -71,6 +73,13 @@ bool StepSlider::beginTrackingWithTouch_withEvent(UITouch* touch, UIEvent*) {
 
 bool StepSlider::continueTrackingWithTouch_withEvent(UITouch* touch, UIEvent*) {
     follow(touch);
+    return true;
+}
+
+bool StepSlider::keyPressed(UIKey key, unsigned modifiers) {
+    if (key != UIKey::Left && key != UIKey::Right)
+        return UIControl::keyPressed(key, modifiers);
+    moveTo(m_step + (key == UIKey::Left ? -1 : 1));
     return true;
 }
 

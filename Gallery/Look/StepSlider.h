@@ -4,7 +4,8 @@
 
 namespace zr::gallery {
 
-/// A knob on a track with a few steps. A finger anywhere on it takes the knob to the nearest step and drags it on.
+/// A knob on a track with a few steps. A finger anywhere on it takes the knob to the nearest step and drags it on; with
+/// the keyboard there, the left and right arrows take it to the step beside.
 class StepSlider : public UIControl {
 public:
     static constexpr CGFloat kHeight = 44;
@@ -15,15 +16,18 @@ public:
     int step() const { return m_step; }
     /// Kept within the steps. Tells nobody.
     void setStep(int step);
-    /// Runs when a finger has changed the step.
+    /// Runs when a finger or a key has changed the step.
     void setAction(std::function<void(int step)> action) { m_action = std::move(action); }
 
     void layoutSubviews() override;
     bool beginTrackingWithTouch_withEvent(UITouch* touch, UIEvent* event) override;
     bool continueTrackingWithTouch_withEvent(UITouch* touch, UIEvent* event) override;
+    bool keyPressed(UIKey key, unsigned modifiers) override;
 
 private:
     void follow(const UITouch* touch);
+    /// Where there is no such step, it stays.
+    void moveTo(int step);
 
     Ref<UIView> m_track;
     Ref<UIView> m_filled;

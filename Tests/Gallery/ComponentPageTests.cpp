@@ -58,6 +58,23 @@ TEST(ProgressPages, TheSliderMovesEveryBar) {
     EXPECT_EQ(screen.host.pixel(late), (FramePixel{255, 255, 255}));
 }
 
+TEST(ProgressPages, TheArrowKeysMoveASliderThatHasTheKeyboard) {
+    GalleryScreen screen("progress-round");
+    auto* slider = screen.all<gallery::StepSlider>().back();
+    const ZRRoundProgressView* view = screen.all<ZRRoundProgressView>().front();
+    for (int i = 0; i < 20 && !slider->isFocused(); ++i)
+        screen.host.pressKey(UIKey::Tab);
+    ASSERT_TRUE(slider->isFocused());
+    EXPECT_TRUE(screen.host.pressKey(UIKey::Left));
+    EXPECT_EQ(slider->step(), 12);
+    EXPECT_EQ(view->progress(), 0.6f);
+    for (int i = 0; i < 10; ++i)
+        EXPECT_TRUE(screen.host.pressKey(UIKey::Right));
+    EXPECT_EQ(slider->step(), 20) << "there is none beyond the last";
+    EXPECT_EQ(view->progress(), 1);
+    EXPECT_TRUE(slider->isFocused());
+}
+
 TEST(AlertButtonPage, OneButtonStandsInEachStateAndOnlyTheFirstIsTouched) {
     GalleryScreen screen("alert-button");
     const auto buttons = screen.all<ZRTAlertViewButton>();
