@@ -2,6 +2,9 @@
 #include <Gallery/Settings/SampleText.h>
 #include <ZRKitDynamic/ZRColor/ZRColor.h>
 #include <ZRKitDynamic/ZRTAlertView/ZRTipsAlertView.h>
+#include <ZRPlatform/UIKit/Application/UIScreen.h>
+
+#include <algorithm>
 
 namespace zr::gallery {
 
@@ -49,6 +52,12 @@ private:
     TipsSetup m_setup;
 };
 
+/// For the long message, but no higher than the screen has room for.
+CGSize roomySize() {
+    const CGFloat highest = UIScreen::mainScreen()->bounds().size.height - 40;
+    return CGSizeMake(290, std::min<CGFloat>(480, highest));
+}
+
 std::function<void(PageView&)> showsTips(const TipsSpec& spec, const TipsSetup& setup = nullptr) {
     return [spec, setup](PageView& page) {
         addOverlayDemo(page, make<TipsDemo>(&TipsDemo::initWithPage_spec_setup, &page, spec, setup));
@@ -82,7 +91,7 @@ std::vector<Page> tipsPages() {
          "An application that sets the size decides how much of a long text there is room for; the panel then keeps "
          "that height.",
          showsTips({"How your pictures are kept", SampleText::kLongMessage, "Close", "More", "gallery_tip.png"},
-                   [](ZRTipsAlertView* alert) { alert->setAlertViewSize(CGSizeMake(290, 480)); })},
+                   [](ZRTipsAlertView* alert) { alert->setAlertViewSize(roomySize()); })},
     };
 }
 

@@ -163,6 +163,16 @@ TEST(TipsPages, ALongTextIsCutUnlessTheAlertIsGivenASize) {
     EXPECT_LT(CGRectGetMaxY(message), 480 - 45) << "it ends above the buttons";
 }
 
+TEST(TipsPages, ARoomyPanelStaysWithinASmallScreen) {
+    const GalleryScreen screen("tips-size", {.screenSize = {320, 480}});
+    const ZRTipsAlertView* alert = overlayOn<ZRTipsAlertView>(screen);
+    ASSERT_TRUE(alert);
+    const CGRect panel = alert->backgroundAlert()->frame();
+    EXPECT_EQ(panel.size, CGSizeMake(290, 440));
+    EXPECT_GE(panel.origin.y, 0);
+    EXPECT_LE(CGRectGetMaxY(alert->messageLabel()->frame()), 440 - 45) << "it ends above the buttons";
+}
+
 TEST(TipsPages, TheirButtonsDismissAndAreLogged) {
     GalleryScreen screen("tips-image");
     screen.host.advance(0.4);
