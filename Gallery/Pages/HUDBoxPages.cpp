@@ -1,5 +1,6 @@
 #include <Gallery/Pages/HUDDemo.h>
 
+#include <Gallery/Settings/SampleText.h>
 #include <ZRPlatform/UIKit/Application/UIApplication.h>
 #include <ZRPlatform/UIKit/Application/UIDevice.h>
 
@@ -19,6 +20,17 @@ public:
 
 protected:
     UIView* hostView() const override { return page()->window(); }
+};
+
+/// Made for the window, so that its box may stand over the bar.
+class HUDOfWindowDemo : public WindowHUDDemo {
+protected:
+    Ref<ZRProgressHUD> makeHUD() override {
+        UIWindow* window = page()->window();
+        auto hud = make<ZRProgressHUD>(&ZRProgressHUD::initWithWindow, window);
+        hud->setYOffset(static_cast<float>(80 - window->bounds().size.height / 2));
+        return hud;
+    }
 };
 
 /// With a button that turns the device by a quarter, as its owner would.
@@ -75,11 +87,11 @@ void buildTwoHUDsPage(PageView& page) {
     const auto lower = make<Landscape>(&UIView::initWithFrame, frame);
     const auto show = [upper, lower] {
         const auto searching = ZRProgressHUD::showHUDAddedTo_animated(upper, true);
-        searching->setLabelText("Searching");
+        searching->setLabelText(SampleText::translated("Searching"));
         const auto comparing = ZRProgressHUD::showHUDAddedTo_animated(lower, true);
         comparing->setMode(ZRProgressHUDModeRing);
         comparing->setProgress(0.7f);
-        comparing->setLabelText("Comparing");
+        comparing->setLabelText(SampleText::translated("Comparing"));
     };
     const auto hide = [&page](UIView* view) {
         const auto count = ZRProgressHUD::hideAllHUDsForView_animated(view, true);
@@ -138,6 +150,13 @@ std::vector<Page> hudBoxPages() {
          showsHUD<WindowHUDDemo>([](ZRProgressHUD* hud) {
              hud->setLabelText("Closing the accounts");
              hud->setDimBackground(true);
+             hud->hide_afterDelay(true, 3);
+         })},
+        {"hud-window", "In the window", kFamily, "Over the bar too", "icon_hud_dim.png",
+         "A HUD made for the window covers the bar as well, so that nothing can be touched while it works. This one "
+         "hides by itself after three seconds.",
+         showsHUD<HUDOfWindowDemo>([](ZRProgressHUD* hud) {
+             hud->setLabelText("Signing in");
              hud->hide_afterDelay(true, 3);
          })},
         {"hud-two", "Two at once", kFamily, "Each view has its own", "icon_hud_two.png",

@@ -1,5 +1,7 @@
 #include <Gallery/Pages/HUDDemo.h>
 
+#include <Gallery/Settings/SampleText.h>
+
 namespace zr::gallery {
 
 bool HUDDemo::initWithPage_setup(PageView* page, HUDSetup setup) {
@@ -30,9 +32,18 @@ void HUDDemo::show() {
     hud->setRemoveFromSuperViewOnHide(true);
     if (m_setup)
         m_setup(hud);
+    translateTexts(hud);
     hostView()->addSubview(hud);
     presentHUD(hud);
     hudIsShown(hud);
+}
+
+void HUDDemo::translateTexts(ZRProgressHUD* hud) {
+    const auto translated = [](const NSString& text) {
+        return text.isNil() ? text : NSString(SampleText::translated(text.UTF8String()));
+    };
+    hud->setLabelText(translated(hud->labelText()));
+    hud->setDetailsLabelText(translated(hud->detailsLabelText()));
 }
 
 Ref<ZRProgressHUD> HUDDemo::makeHUD() { return make<ZRProgressHUD>(&ZRProgressHUD::initWithView, hostView()); }

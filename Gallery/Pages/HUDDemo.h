@@ -34,6 +34,8 @@ protected:
 
     void addLandscape(CGFloat height);
     void addLog();
+    /// Puts the texts that the sample texts have into their language.
+    static void translateTexts(ZRProgressHUD* hud);
 
     /// Where the HUD is shown: over the picture.
     virtual UIView* hostView() const { return m_landscape; }

@@ -1,5 +1,6 @@
 #include <Gallery/Pages/HUDDemo.h>
 #include <Gallery/Pages/TaskPace.h>
+#include <Gallery/Settings/SampleText.h>
 
 namespace zr::gallery {
 
@@ -25,23 +26,27 @@ public:
         m_hud = hud;
         m_mode = mode;
         m_pace = pace;
+        // Here, as the language is the main thread's.
+        m_preparing = SampleText::translated("Getting ready");
+        m_counting = SampleText::translated("Counting primes");
+        m_below = SampleText::translated("below");
         return init();
     }
 
     void count() {
         const Ref<ZRProgressHUD> hud = m_hud.lock();
-        hud->setLabelText("Getting ready");
+        hud->setLabelText(m_preparing);
         for (int step = 0; step < kStepsToGetReady; ++step) {
             if (!m_pace->waitForStep())
                 return;
         }
         hud->setMode(m_mode);
-        hud->setLabelText("Counting primes");
+        hud->setLabelText(m_counting);
         int primes = 0;
         for (int stretch = 1; stretch <= kStretches && m_pace->waitForStep(); ++stretch) {
             primes += primesInStretch(stretch);
             hud->setProgress(static_cast<float>(stretch) / kStretches);
-            hud->setDetailsLabelText(NSString::stringWithFormat("%d below %d", primes, stretch * kStretchLength));
+            hud->setDetailsLabelText(NSString::stringWithFormat("%d %s %d", primes, m_below, stretch * kStretchLength));
         }
     }
 
@@ -59,6 +64,9 @@ private:
 
     Weak<ZRProgressHUD> m_hud;
     int m_mode = ZRProgressHUDModeSpinner;
+    NSString m_preparing;
+    NSString m_counting;
+    const char* m_below = nullptr;
     Ref<TaskPace> m_pace;
 };
 

@@ -52,6 +52,12 @@ std::vector<Page> hudTextPages() {
              hud->setLabelText("正在整理照片");
              hud->setDetailsLabelText("共有二百一十四张照片同时存放在多个相簿中，请稍候，整理完毕以后会自动通知您。");
          })},
+        {"hud-arabic", "Arabic", kFamily, "من اليمين إلى اليسار", "icon_text_arabic.png",
+         "Arabic runs from right to left and joins its letters; numbers inside it run the other way.",
+         showsHUD([](ZRProgressHUD* hud) {
+             hud->setLabelText("جارٍ ترتيب الصور");
+             hud->setDetailsLabelText("توجد 214 صورة في أكثر من ألبوم واحد، يُرجى الانتظار إلى أن ينتهي ترتيبها.");
+         })},
         {"hud-emoji", "Emoji", kFamily, "👩🏽‍🍳 🍪 🥛 in one line of text", "icon_text_emoji.png",
          "Emoji are pictures in the text, with skin tones and professions.", showsHUD([](ZRProgressHUD* hud) {
              hud->setLabelText("Baking cookies 🍪");

@@ -120,6 +120,18 @@ private:
     NSTimeInterval m_taskDuration = 0;
 };
 
+/// Has a block of the HUD's write into the log.
+class CompletionDemo : public HUDDemo {
+protected:
+    void presentHUD(ZRProgressHUD* hud) override {
+        hud->setCompletionBlock([page = Weak<PageView>(page())] {
+            if (const Ref<PageView> shown = page.lock())
+                shown->log("completionBlock");
+        });
+        HUDDemo::presentHUD(hud);
+    }
+};
+
 class GraceDemo : public TimeLineDemo {
 protected:
     std::vector<NSTimeInterval> taskDurations() const override { return {1.5, 0.3}; }
@@ -165,6 +177,13 @@ std::vector<Page> hudTimePages() {
          showsHUD<MinShowDemo>([](ZRProgressHUD* hud) {
              hud->setLabelText("Loading");
              hud->setMinShowTime(1.3f);
+         })},
+        {"hud-completion", "Completion block", kFamily, "What is to be done when it has gone", "icon_hud_queue.png",
+         "A block of the HUD’s runs once, when the HUD has gone, and before the delegate is told. This one hides by "
+         "itself after two seconds.",
+         showsHUD<CompletionDemo>([](ZRProgressHUD* hud) {
+             hud->setLabelText("Saving");
+             hud->hide_afterDelay(true, 2);
          })},
     };
 }

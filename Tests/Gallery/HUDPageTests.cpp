@@ -2,6 +2,7 @@
 
 #include <Gallery/Look/TimeLine.h>
 #include <Gallery/Pages/PageView.h>
+#include <Gallery/Settings/SampleText.h>
 #include <ZRKitDynamic/ZRProgressHUD/ZRBarProgressView.h>
 #include <ZRKitDynamic/ZRProgressHUD/ZRRoundProgressView.h>
 #include <ZRPlatform/Foundation/NSRunLoop.h>
@@ -213,9 +214,61 @@ TEST(HUDPages, TheHUDTurnsItselfBeforeVersion8) {
     EXPECT_NEAR(screen.hud()->transform().a, -1, 1e-9);
 }
 
+TEST(HUDPages, ACompletionBlockRunsBeforeTheDelegateIsTold) {
+    GalleryScreen screen("hud-completion");
+    screen.host.advance(1.9);
+    EXPECT_TRUE(screen.shows("Nothing yet."));
+    screen.host.advance(0.5);
+    EXPECT_FALSE(screen.hud());
+    EXPECT_TRUE(screen.shows("completionBlock\nhudWasHidden"));
+}
+
+TEST(HUDPages, AHUDOfTheWindowCoversTheBarAndGoesByItself) {
+    GalleryScreen screen("hud-window");
+    screen.host.advance(0.5);
+    EXPECT_EQ(screen.hud()->frame(), CGRectMake(0, 0, 375, 667));
+    screen.tapBack();
+    screen.host.advance(0.5);
+    EXPECT_TRUE(screen.shows("Signing in")) << "the way back is covered";
+    screen.host.advance(2.4);
+    EXPECT_FALSE(screen.hud());
+    screen.tapBack();
+    screen.host.advance(0.5);
+    EXPECT_TRUE(screen.shows("Check box"));
+}
+
+TEST(HUDPages, TheSampleTextsLanguageReachesThem) {
+    GalleryScreen screen("hud-spinner");
+    screen.host.advance(0.5);
+    EXPECT_TRUE(screen.shows("Loading"));
+    screen.tapButton("Hide HUD");
+    screen.host.advance(0.5);
+    for (const auto& [language, text] : {std::pair(gallery::SampleText::Language::Arabic, "جارٍ التحميل"),
+                                         {gallery::SampleText::Language::Chinese, "正在载入"}}) {
+        gallery::SampleText::setLanguage(language);
+        screen.tapButton("Show HUD");
+        screen.host.advance(0.5);
+        EXPECT_TRUE(screen.shows(text));
+        screen.tapButton("Hide HUD");
+        screen.host.advance(0.5);
+    }
+}
+
+TEST(HUDPages, ATaskSpeaksTheSampleTextsLanguageToo) {
+    GalleryScreen screen("hud-thread");
+    screen.tapButton("Cancel");
+    screen.host.advance(0.5);
+    gallery::SampleText::setLanguage(gallery::SampleText::Language::Chinese);
+    screen.tapButton("Start");
+    screen.host.advance(1.8);
+    EXPECT_TRUE(screen.shows("正在数质数"));
+}
+
 TEST(HUDPages, LeavingAPageLeavesNothingOfItBehind) {
     for (const gallery::Page& page : gallery::allPages()) {
-        if (std::string_view(page.family).substr(0, 3) != "HUD" || std::string_view(page.name) == "hud-dim")
+        const std::string_view name = page.name;
+        const bool coversTheBar = name == "hud-dim" || name == "hud-window";
+        if (std::string_view(page.family).substr(0, 3) != "HUD" || coversTheBar)
             continue;
         SCOPED_TRACE(page.name);
         GalleryScreen screen(page.name);
