@@ -19,9 +19,11 @@ void OverlayDemo::show() {
         return;
     const auto overlay = makeOverlay();
     m_overlay = overlay;
-    overlay->showInView_animation(hostView(), true);
+    presentOverlay(overlay);
     overlayIsShown();
 }
+
+void OverlayDemo::presentOverlay(ZRBaseAlert* overlay) { overlay->showInView_animation(hostView(), true); }
 
 void OverlayDemo::leave() {
     if (hostView() && m_overlay && m_overlay->superview())

@@ -33,6 +33,7 @@ protected:
     virtual Ref<ZRBaseAlert> makeOverlay() = 0;
     /// The view on the page that the overlay is shown in; nil: a window of its own.
     virtual UIView* hostView() const { return nullptr; }
+    virtual void presentOverlay(ZRBaseAlert* overlay);
     /// After the overlay has been shown, and before it goes.
     virtual void overlayIsShown() {}
     virtual void overlayWillGo() {}

@@ -48,6 +48,7 @@ const Page* pageNamed(std::string_view name);
 std::vector<Page> alertStylePages();
 std::vector<Page> alertButtonPages();
 std::vector<Page> alertTextPages();
+std::vector<Page> alertOwnPages();
 std::vector<Page> toastPages();
 std::vector<Page> tipsPages();
 std::vector<Page> hudIndicatorPages();

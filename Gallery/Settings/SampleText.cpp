@@ -113,6 +113,9 @@ constexpr Text kTexts[] = {
     {"Getting ready", "正在准备", "جارٍ التحضير", "🏁"},
     {"below", "个小于", "أصغر من", "<"},
     {"Counting primes", "正在数质数", "جارٍ عدّ الأعداد الأولية", "🔢"},
+    {"How do you like it?", "您喜欢吗？", "هل أعجبك؟", "🤔⭐?"},
+    {"Not now", "以后再说", "ليس الآن", "🙅"},
+    {"Send", "发送", "إرسال", "📤"},
 };
 
 Language currentLanguage = Language::English;
