@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cassert>
 #include <cstddef>
 #include <functional>
 #include <type_traits>
@@ -47,10 +48,16 @@ public:
     T* get() const { return m_object; }
     /// The object, where a pointer is asked for; null for nil.
     operator T*() const { return m_object; }
-    /// The object's members. Calling through nil is undefined.
-    T* operator->() const { return m_object; }
-    /// The object itself. Undefined for nil.
-    T& operator*() const { return *m_object; }
+    /// The object's members. Not for nil, which debug builds assert.
+    T* operator->() const {
+        assert(m_object && "a call through a nil reference");
+        return m_object;
+    }
+    /// The object itself. Not for nil, which debug builds assert.
+    T& operator*() const {
+        assert(m_object && "nil is no object");
+        return *m_object;
+    }
 
     /// Gives the reference away: the caller now owns it.
     [[nodiscard]] T* leak() noexcept { return std::exchange(m_object, nullptr); }
@@ -97,8 +104,16 @@ Ref<T> make() {
 template <class T, class Class, class... Parameters, class... Arguments>
 Ref<T> make(bool (Class::*initialiser)(Parameters...), Arguments&&... arguments) {
     static_assert(std::is_base_of_v<Class, T>);
-    auto object = detail::allocate<T>();
-    return std::invoke(initialiser, *object, std::forward<Arguments>(arguments)...) ? object : nullptr;
+    // In one line what the compiler would say in dozens.
+    if constexpr (sizeof...(Parameters) != sizeof...(Arguments)) {
+        static_assert(sizeof...(Parameters) == sizeof...(Arguments), "make: the initialiser takes another number");
+    } else if constexpr (!(std::is_convertible_v<Arguments, Parameters> && ...)) {
+        static_assert((std::is_convertible_v<Arguments, Parameters> && ...),
+                      "make: an argument is not what the initialiser takes there");
+    } else {
+        auto object = detail::allocate<T>();
+        return std::invoke(initialiser, *object, std::forward<Arguments>(arguments)...) ? object : nullptr;
+    }
 }
 
 } // namespace zr
