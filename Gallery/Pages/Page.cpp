@@ -8,11 +8,11 @@ const std::vector<Page>& allPages() {
     static const std::vector<Page> pages = [] {
         std::vector<Page> all;
         for (const auto& pagesOfOneKind :
-             {alertStylePages(), alertButtonPages(),  alertTextPages(), alertOwnPages(), toastPages(),
-              tipsPages(),       hudIndicatorPages(), hudTextPages(),   hudBoxPages(),   hudTimePages(),
-              hudTaskPages(),    progressPages(),     buttonPages(),    controlPages(),  imagePages(),
-              animationPages(),  barPages(),          screenPages(),    cellPages(),     longListPages(),
-              swipeListPages(),  themePages(),        gradientPages()})
+             {alertStylePages(), alertButtonPages(),  alertTextPages(), alertOwnPages(),  toastPages(),
+              tipsPages(),       hudIndicatorPages(), hudTextPages(),   hudBoxPages(),    hudTimePages(),
+              hudTaskPages(),    progressPages(),     buttonPages(),    labelPages(),     controlPages(),
+              imagePages(),      animationPages(),    barPages(),       screenPages(),    cellPages(),
+              longListPages(),   swipeListPages(),    themePages(),     colorPartPages(), gradientPages()})
             all.insert(all.end(), pagesOfOneKind.begin(), pagesOfOneKind.end());
         return all;
     }();

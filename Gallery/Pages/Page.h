@@ -58,6 +58,7 @@ std::vector<Page> hudTimePages();
 std::vector<Page> hudTaskPages();
 std::vector<Page> progressPages();
 std::vector<Page> buttonPages();
+std::vector<Page> labelPages();
 std::vector<Page> controlPages();
 std::vector<Page> imagePages();
 std::vector<Page> animationPages();
@@ -67,6 +68,7 @@ std::vector<Page> cellPages();
 std::vector<Page> longListPages();
 std::vector<Page> swipeListPages();
 std::vector<Page> themePages();
+std::vector<Page> colorPartPages();
 std::vector<Page> gradientPages();
 
 } // namespace zr::gallery

@@ -116,6 +116,12 @@ constexpr Text kTexts[] = {
     {"How do you like it?", "您喜欢吗？", "هل أعجبك؟", "🤔⭐?"},
     {"Not now", "以后再说", "ليس الآن", "🙅"},
     {"Send", "发送", "إرسال", "📤"},
+    {"Every picture is kept twice: on this phone, and at home as soon as there is a network.",
+     "每张照片都会保存两份：一份在此手机上，一有网络便会在家中也保存一份。",
+     "تُحفظ كل صورة مرتين: على هذا الهاتف، وفي المنزل حالما تتوفر شبكة.", "🖼️ ➡️ 📱 ➕ 🏠 📶"},
+    {"Green", "绿色", "أخضر", "💚"},
+    {"Red", "红色", "أحمر", "❤️"},
+    {"Orange", "橙色", "برتقالي", "🧡"},
 };
 
 Language currentLanguage = Language::English;

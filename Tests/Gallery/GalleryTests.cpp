@@ -82,6 +82,7 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "progress-bar",
                                          "button-light",
                                          "button-color",
+                                         "label",
                                          "switch",
                                          "segments",
                                          "image-size",
@@ -101,6 +102,7 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "list-settings",
                                          "list-swipe",
                                          "theme-colors",
+                                         "color-parts",
                                          "gradients"};
 
 std::size_t lineCount(const std::string& text) { return static_cast<std::size_t>(std::ranges::count(text, '\n')); }
