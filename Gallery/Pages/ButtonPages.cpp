@@ -1,5 +1,6 @@
 #include <Gallery/Look/Look.h>
 #include <Gallery/Pages/PageView.h>
+#include <Gallery/Settings/SampleText.h>
 #include <ZRKitDynamic/ZRButton/ZRButton.h>
 #include <ZRKitDynamic/ZRColor/ZRColor.h>
 
@@ -94,6 +95,80 @@ std::function<void(PageView&)> showsButtons(const Ref<UIColor>& ground) {
     };
 }
 
+// Another style
+
+/// Follows somebody or no longer does, and looks like it: an outline, or filled.
+class FollowButton : public ZRButton {
+public:
+    static constexpr std::int32_t kOutline = 3, kFilled = 2;
+
+    void start() {
+        show();
+        addTarget_action_forControlEvents(this, selector<&FollowButton::tapped>, UIControlEventTouchUpInside);
+    }
+    void tapped() {
+        m_isFollowing = !m_isFollowing;
+        updateBottomButtonWithStyle(m_isFollowing ? kFilled : kOutline);
+        show();
+    }
+
+private:
+    void show() {
+        setTitle_forState(SampleText::translated(m_isFollowing ? "Following" : "Follow"), UIControlStateNormal);
+    }
+
+    bool m_isFollowing = false;
+};
+
+void addFollowCard(PageView& page) {
+    constexpr CGFloat kHeight = 64, kWidth = 120;
+    const auto card = Look::card(CGRectMake(0, 0, page.contentWidth(), kHeight));
+    const auto name =
+        Look::label(SampleText::translated("Carla Rossi"), UIFont::systemFontOfSize(17), Look::titleColor());
+    name->setFrame(CGRectMake(12, 0, page.contentWidth() - kWidth - 36, kHeight));
+    card->addSubview(name);
+    const CGRect frame =
+        CGRectMake(page.contentWidth() - kWidth - 12, (kHeight - kButtonHeight) / 2, kWidth, kButtonHeight);
+    const auto button = ZRButton::bottomButtonWithFrame_style<FollowButton>(frame, FollowButton::kOutline);
+    button->start();
+    card->addSubview(button);
+    page.addView(card);
+}
+
+/// In the middle of a ground that every style shows on.
+Ref<ZRButton> addLargeButton(PageView& page) {
+    constexpr CGFloat kHeight = 100;
+    constexpr CGSize kSize{200, 48};
+    const auto ground = make<UIView>(&UIView::initWithFrame, CGRectMake(0, 0, page.contentWidth(), kHeight));
+    ground->setBackgroundColor(darkGround());
+    ground->setOpaque(false);
+    ground->layer()->setCornerRadius(Look::kCornerRadius);
+    const CGFloat left = Look::wholePixels((page.contentWidth() - kSize.width) / 2);
+    auto button = ZRButton::bottomButtonWithFrame_style(
+        CGRectMake(left, (kHeight - kSize.height) / 2, kSize.width, kSize.height), 5);
+    ground->addSubview(button);
+    page.addView(ground);
+    return button;
+}
+
+void changeStyle(ZRButton* button, std::int32_t style) {
+    button->updateBottomButtonWithStyle(style);
+    button->setTitle_forState(NSString::stringWithFormat("Style %d", style), UIControlStateNormal);
+}
+
+void buildUpdatePage(PageView& page) {
+    addFollowCard(page);
+    const auto button = addLargeButton(page);
+    changeStyle(button, button->style());
+    page.addHeading("STYLES");
+    for (std::int32_t first = 0; first < kStyleCount; first += 4) {
+        std::vector<PageButton> row;
+        for (std::int32_t style = first; style < first + 4; ++style)
+            row.push_back({NSString::stringWithFormat("%d", style), [button, style] { changeStyle(button, style); }});
+        page.addButtons(row);
+    }
+}
+
 } // namespace
 
 std::vector<Page> buttonPages() {
@@ -104,6 +179,9 @@ std::vector<Page> buttonPages() {
          showsButtons(nullptr)},
         {"button-color", "On a coloured ground", kFamily, "The same on colour", "icon_button_color.png",
          "Styles 4 and 5 are made for coloured grounds.", showsButtons(darkGround())},
+        {"button-update", "Another style", kFamily, "A button that changes its look", "icon_button_light.png",
+         "A button may be given another style at any time: here when it is tapped, or by the buttons below.",
+         buildUpdatePage},
     };
 }
 

@@ -146,6 +146,27 @@ void buildSegmentsPage(PageView& page) {
     page.addLog("UIControlEventValueChanged");
 }
 
+void buildDisabledSegmentsPage(PageView& page) {
+    const auto log = make<ControlLog>(&ControlLog::initWithPage, &page);
+    page.keep(log);
+    const auto control =
+        make<ZRSegmentedControl>(&ZRSegmentedControl::initWithItems, std::vector<NSString>{"Day", "Week", "Month"});
+    log->follow(control);
+    const auto enable = [control](bool enabled) {
+        control->setEnabled(enabled);
+        control->setAlpha(enabled ? 1 : 0.4);
+    };
+    enable(false);
+    const CGRect frame = CGRectMake(0, 0, page.contentWidth(), kBarHeight);
+    page.addView(makeBar(frame, Look::barColor(Look::Hue::Green), control));
+    page.addButtons({{"Disable", [enable] { enable(false); }}, {"Enable", [enable] { enable(true); }}});
+    page.addButton("Select the next by code", [control] {
+        const auto count = static_cast<std::int64_t>(control->titles().size());
+        control->setSelectedSegmentIndex((control->selectedSegmentIndex() + 1) % count);
+    });
+    page.addLog("UIControlEventValueChanged");
+}
+
 } // namespace
 
 std::vector<Page> controlPages() {
@@ -158,6 +179,10 @@ std::vector<Page> controlPages() {
          "A white pill on a coloured bar; a tap selects a segment. Each is 94 points wide, so those that are too wide "
          "for the screen are scaled down here.",
          buildSegmentsPage},
+        {"segments-disabled", "Disabled segments", kFamily, "Out of reach but for code", "icon_segments.png",
+         "A disabled control takes no taps and no keys; code still selects. It looks the same, so the page makes it "
+         "faint.",
+         buildDisabledSegmentsPage},
     };
 }
 

@@ -122,6 +122,9 @@ constexpr Text kTexts[] = {
     {"Green", "绿色", "أخضر", "💚"},
     {"Red", "红色", "أحمر", "❤️"},
     {"Orange", "橙色", "برتقالي", "🧡"},
+    {"Follow", "关注", "متابعة", "➕"},
+    {"Following", "已关注", "تتم المتابعة", "☑️"},
+    {"Carla Rossi", "卡拉·罗西", "كارلا روسي", "👩🏽"},
 };
 
 Language currentLanguage = Language::English;
