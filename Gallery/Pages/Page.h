@@ -63,6 +63,7 @@ std::vector<Page> controlPages();
 std::vector<Page> imagePages();
 std::vector<Page> animationPages();
 std::vector<Page> barPages();
+std::vector<Page> barPartPages();
 std::vector<Page> screenPages();
 std::vector<Page> cellPages();
 std::vector<Page> longListPages();
