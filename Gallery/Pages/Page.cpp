@@ -8,12 +8,12 @@ const std::vector<Page>& allPages() {
     static const std::vector<Page> pages = [] {
         std::vector<Page> all;
         for (const auto& pagesOfOneKind :
-             {alertStylePages(), alertButtonPages(),  alertTextPages(), alertOwnPages(), toastPages(),
-              tipsPages(),       hudIndicatorPages(), hudTextPages(),   hudBoxPages(),   hudTimePages(),
-              hudTaskPages(),    progressPages(),     buttonPages(),    labelPages(),    controlPages(),
-              imagePages(),      animationPages(),    barPages(),       barPartPages(),  screenPages(),
-              cellPages(),       longListPages(),     swipeListPages(), themePages(),    colorPartPages(),
-              gradientPages()})
+             {alertStylePages(), alertButtonPages(),  alertTextPages(), alertOwnPages(),   toastPages(),
+              tipsPages(),       hudIndicatorPages(), hudTextPages(),   hudBoxPages(),     hudTimePages(),
+              hudTaskPages(),    progressPages(),     buttonPages(),    labelPages(),      controlPages(),
+              imagePages(),      animationPages(),    barPages(),       barPartPages(),    screenPages(),
+              cellPages(),       longListPages(),     swipeListPages(), swipeResetPages(), themePages(),
+              colorPartPages(),  gradientPages()})
             all.insert(all.end(), pagesOfOneKind.begin(), pagesOfOneKind.end());
         return all;
     }();

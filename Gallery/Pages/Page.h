@@ -68,6 +68,7 @@ std::vector<Page> screenPages();
 std::vector<Page> cellPages();
 std::vector<Page> longListPages();
 std::vector<Page> swipeListPages();
+std::vector<Page> swipeResetPages();
 std::vector<Page> themePages();
 std::vector<Page> colorPartPages();
 std::vector<Page> gradientPages();

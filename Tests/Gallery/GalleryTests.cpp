@@ -105,6 +105,7 @@ const std::vector<std::string> kPages = {"alert-default",
                                          "list-million",
                                          "list-settings",
                                          "list-swipe",
+                                         "swipe-reset",
                                          "theme-colors",
                                          "color-parts",
                                          "gradients"};
