@@ -12,6 +12,12 @@ constexpr CGFloat kSpaceBelowRows = 14;
 
 } // namespace
 
+void RowScreen::viewDidLoad() {
+    TableScreen::viewDidLoad();
+    // The kit's cells bring their own lines; on screens of one pixel a point they lie beside the table's.
+    tableView()->setSeparatorStyle(UITableViewCellSeparatorStyleNone);
+}
+
 CGFloat RowScreen::tableView_heightForHeaderInSection(UITableView* table, NSInteger section) {
     return tableView_titleForHeaderInSection(table, section).isNil() ? kSpaceWithoutHeading : kHeadingHeight;
 }

@@ -8,6 +8,7 @@ namespace zr::gallery {
 /// A screen of rows of the kit in sections with headings.
 class RowScreen : public TableScreen {
 public:
+    void viewDidLoad() override;
     /// @name Headings, as `tableView_titleForHeaderInSection` gives them
     /// @{
     CGFloat tableView_heightForHeaderInSection(UITableView* table, NSInteger section) override;

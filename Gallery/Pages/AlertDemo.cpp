@@ -4,13 +4,13 @@
 
 namespace zr::gallery {
 
-bool AlertDemo::initWithPage_spec(PageView* page, const AlertSpec& spec) {
-    m_spec = spec;
+bool AlertDemo::initWithPage_content(PageView* page, const AlertContent& content) {
+    m_content = content;
     return initWithPage(page);
 }
 
 void AlertDemo::overlayWillGo() {
-    switch (m_spec.style) {
+    switch (m_content.style) {
     case ZRTAlertViewStyleCheckBox:
         page()->log(alert()->checkBoxSelected() ? "checkBoxSelected: true" : "checkBoxSelected: false");
         break;

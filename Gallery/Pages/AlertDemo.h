@@ -7,7 +7,7 @@
 namespace zr::gallery {
 
 /// What an alert is made of. Null texts are nil: no label, no button.
-struct AlertSpec {
+struct AlertContent {
     const char* title;
     const char* message;
     const char* cancel;
@@ -20,22 +20,22 @@ struct AlertSpec {
 /// than a look derive from it.
 class AlertDemo : public OverlayDemo {
 public:
-    virtual bool initWithPage_spec(PageView* page, const AlertSpec& spec);
+    virtual bool initWithPage_content(PageView* page, const AlertContent& content);
 
 protected:
-    const AlertSpec& spec() const { return m_spec; }
+    const AlertContent& content() const { return m_content; }
     /// Nil once it has been dismissed.
     ZRTAlertView* alert() const { return static_cast<ZRTAlertView*>(overlay()); }
 
     virtual Ref<ZRTAlertView> makeAlert() { return makeAlertOf<ZRTAlertView>(); }
-    /// An alert of the class `Alert` with the texts of `spec`, in the language of the sample texts.
+    /// An alert of the class `Alert` with the texts of `content`, in the language of the sample texts.
     template <class Alert>
     Ref<ZRTAlertView> makeAlertOf() {
         Ref<ZRTAlertView> alert =
             make<Alert>(&ZRTAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
-                        SampleText::translated(m_spec.title), SampleText::translated(m_spec.message), this,
-                        SampleText::translated(m_spec.cancel), SampleText::translated(m_spec.ok));
-        alert->alertViewStyle_detailMessage(m_spec.style, SampleText::translated(m_spec.detailMessage));
+                        SampleText::translated(m_content.title), SampleText::translated(m_content.message), this,
+                        SampleText::translated(m_content.cancel), SampleText::translated(m_content.ok));
+        alert->alertViewStyle_detailMessage(m_content.style, SampleText::translated(m_content.detailMessage));
         return alert;
     }
     const char* showTitle() const override { return "Show alert"; }
@@ -43,13 +43,15 @@ protected:
     void overlayWillGo() override;
 
 private:
-    AlertSpec m_spec{};
+    AlertContent m_content{};
 };
 
 /// A demo of the class `Demo` on its own page: what `Page::build` asks for.
 template <class Demo = AlertDemo>
-std::function<void(PageView&)> showsAlert(const AlertSpec& spec) {
-    return [spec](PageView& page) { addOverlayDemo(page, make<Demo>(&AlertDemo::initWithPage_spec, &page, spec)); };
+std::function<void(PageView&)> showsAlert(const AlertContent& content) {
+    return [content](PageView& page) {
+        addOverlayDemo(page, make<Demo>(&AlertDemo::initWithPage_content, &page, content));
+    };
 }
 
 } // namespace zr::gallery

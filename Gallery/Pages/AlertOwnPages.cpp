@@ -152,10 +152,7 @@ public:
 
 protected:
     Ref<ZRTAlertView> makeAlert() override {
-        Ref<ZRTAlertView> alert =
-            make<PromptAlert>(&ZRTAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
-                              SampleText::translated(spec().title), SampleText::translated(spec().message), this,
-                              SampleText::translated(spec().cancel), SampleText::translated(spec().ok));
+        const Ref<ZRTAlertView> alert = makeAlertOf<PromptAlert>();
         alert->setCancelButtonIndex(m_cancelButtonIndex);
         return alert;
     }

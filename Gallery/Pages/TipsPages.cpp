@@ -13,7 +13,7 @@ namespace {
 constexpr const char* kFamily = "TIPS ALERTS";
 
 /// What a tips alert is made of. Null texts are nil: no label, no button.
-struct TipsSpec {
+struct TipsContent {
     const char* title;
     const char* message;
     const char* cancel;
@@ -27,8 +27,8 @@ using TipsSetup = std::function<void(ZRTipsAlertView* alert)>;
 
 class TipsDemo : public OverlayDemo {
 public:
-    virtual bool initWithPage_spec_setup(PageView* page, const TipsSpec& spec, TipsSetup setup) {
-        m_spec = spec;
+    virtual bool initWithPage_content_setup(PageView* page, const TipsContent& content, TipsSetup setup) {
+        m_content = content;
         m_setup = std::move(setup);
         return initWithPage(page);
     }
@@ -38,17 +38,17 @@ protected:
     Ref<ZRBaseAlert> makeOverlay() override {
         auto alert =
             make<ZRTipsAlertView>(&ZRTipsAlertView::initWithTitle_message_delegate_cancelButtonTitle_okButtonTitles,
-                                  SampleText::translated(m_spec.title), SampleText::translated(m_spec.message), this,
-                                  SampleText::translated(m_spec.cancel), SampleText::translated(m_spec.ok));
-        if (m_spec.image)
-            alert->setTipImage(UIImage::imageNamed(m_spec.image));
+                                  SampleText::translated(m_content.title), SampleText::translated(m_content.message),
+                                  this, SampleText::translated(m_content.cancel), SampleText::translated(m_content.ok));
+        if (m_content.image)
+            alert->setTipImage(UIImage::imageNamed(m_content.image));
         if (m_setup)
             m_setup(alert);
         return alert;
     }
 
 private:
-    TipsSpec m_spec{};
+    TipsContent m_content{};
     TipsSetup m_setup;
 };
 
@@ -58,9 +58,9 @@ CGSize roomySize() {
     return CGSizeMake(290, std::min<CGFloat>(480, highest));
 }
 
-std::function<void(PageView&)> showsTips(const TipsSpec& spec, const TipsSetup& setup = nullptr) {
-    return [spec, setup](PageView& page) {
-        addOverlayDemo(page, make<TipsDemo>(&TipsDemo::initWithPage_spec_setup, &page, spec, setup));
+std::function<void(PageView&)> showsTips(const TipsContent& content, const TipsSetup& setup = nullptr) {
+    return [content, setup](PageView& page) {
+        addOverlayDemo(page, make<TipsDemo>(&TipsDemo::initWithPage_content_setup, &page, content, setup));
     };
 }
 

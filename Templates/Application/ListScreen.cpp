@@ -13,7 +13,7 @@ bool ListScreen::init() {
 
 void ListScreen::viewDidLoad() {
     ZRTTableViewController::viewDidLoad();
-    tNavigationBar()->hiddenBackButtonAnimated(false); // there is nothing to go back to
+    tNavigationBar()->hiddenBackButtonAnimated(false);                 // there is nothing to go back to
     tableView()->setSeparatorStyle(UITableViewCellSeparatorStyleNone); // the kit's cells bring their own lines
     m_allDone = make<UILabel>(&UILabel::initWithFrame, CGRectZero);
     m_allDone->setTextAlignment(NSTextAlignmentCenter);

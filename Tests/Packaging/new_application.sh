@@ -25,8 +25,9 @@ cd "$work/desk"
 
 echo "-- a new application"
 quietly "$zr" new Tasks
-[[ $(grep -rl '@' Tasks || true) == "" ]] || fail "a place is left empty: $(grep -r '@' Tasks)"
+[[ $(grep -rIl '@' Tasks || true) == "" ]] || fail "a place is left empty: $(grep -rI '@' Tasks)"
 build_with_cmake Tasks Tasks/build "$work/prefix"
+[[ -s Tasks/build/Resources/icon_title_back@2x.png ]] || fail "the images of the kit are not beside the program"
 [[ -x Tasks/build/Tasks ]] || fail "the program is not called Tasks"
 quietly ctest --test-dir Tasks/build --no-tests=error --output-on-failure || fail "the new application's test does not pass"
 for picture in list alert "done"; do
@@ -39,8 +40,9 @@ build_with_cmake "deep/folder of mine" "deep/folder of mine/build" "$work/prefix
 [[ -x "deep/folder of mine/build/my-tasks" ]] || fail "the program is not called my-tasks"
 
 echo "-- the line it prints, where the kit is built and not installed"
-mkdir -p ../checkout/build/release
+mkdir -p ../checkout/{build/release,Gallery}
 cp -R "$zr" "$(dirname "$zr")/Templates" ../checkout
+cp -R "$(dirname "$zr")/Gallery/Resources" ../checkout/Gallery
 cp "$build"/ZRKitDynamic*.cmake ../checkout/build/release
 line=$(../checkout/zr new "../own folder/beginner" 2>&1 | tail -n 1)
 [[ $line == cd*"build/beginner" ]] || fail "new says \"$line\""
