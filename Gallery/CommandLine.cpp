@@ -18,8 +18,7 @@ void addWindowOptions(CLI::App& app) {
     add("--slow", "N", "Slow motion: seconds that one of animations and timers takes");
     add("--show", "LIST",
         "Show how things work, with some of these: touches, borders (of layers), damage (what a frame repainted), "
-        "times "
-        "(of frames); separated by commas");
+        "times (of frames); separated by commas");
     add("--window-scale", "N", "Desktop pixels a point; what fits unless given");
     app.add_flag("--frame-log")->description("Report each frame of the window on standard error");
 }
